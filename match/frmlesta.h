@@ -1,0 +1,168 @@
+#pragma once
+// The table window as the game sees it: its fields and its routines. The
+// fields keep the names of the game's own words; the routines take no
+// arguments and talk through these fields. The routines are defined where
+// they belong: start-up and the shuffle in match/, the turns in turns/, the
+// settings and the window's layout in table/.
+//
+// A field can change under a routine only at a co_await: there, window events
+// run, and they read and write the same fields.
+
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+#include "match/carte.h"
+#include "match/casuale.h"
+#include "match/programma.h"
+#include "match/stato.h"
+#include "sound/media.h"
+#include "table/finestra.h"
+#include "turns/orologio.h"
+#include "turns/task.h"
+
+namespace lesta {
+
+// What the game uses of the world outside it.
+struct Piattaforma {
+    Finestra& finestra;
+    Orologio& orologio;
+    Casuale& casuale;
+    Media& MMC1;  // the music
+    Media& MMCw;  // the card sound
+    Programma& programma;
+};
+
+// The mark of a table card chosen for the capture under way.
+enum class Tag : std::uint8_t { vuoto, SEL };
+
+// A card's holder: never shown; it remembers where its card was last painted.
+struct CartaControllo {
+    float Left = 0, Top = 0;
+    Tag tag = Tag::vuoto;
+};
+
+// A card back of the computer's hand: it holds the card dealt to that slot,
+// 0 once the card is played.
+struct DorsoControllo {
+    float Left = 0, Top = 0;
+    Carta tag = 0;
+};
+
+// What a click on the table means now.
+enum class Modo : std::uint8_t { vuoto, gioco1, selezione };
+
+// A control's state: its place, whether it shows, and its order in the stack
+// of controls (the larger stands in front).
+struct StatoControllo {
+    Rett r;
+    bool visibile = false;
+    int z = 0;
+};
+
+class Frmlesta {
+public:
+    Frmlesta(Piattaforma piattaforma, ModLesta& mod, std::filesystem::path cartella);
+
+    // ---- events of the window ----
+    void Form_Load();
+    // One activation is one hand; it returns once the hand is over.
+    Task Form_Activate();
+    void Option1_Click(int indice);
+    void GO_Click();
+    void Timer2_Timer();
+    void velocita_gioco_Click(int indice);
+    void esci_Click();
+    void Form_Unload();
+
+    // ---- routines ----
+    Task pannello_inizio();
+    void Mescola();
+    Task ritardo(float unita);
+    // The capture search: the table of subset masks, built once at load, and
+    // the search for the card in play.
+    void Trova_Combinazioni();
+    void combina();
+    // Paints the song frame and puts the song's title in it.
+    void Quadro_Song();
+
+    // ---- the shared state ----
+    ModLesta& mod;
+
+    // ---- deck and deal ----
+    std::int16_t posizione_mazzo = 0;
+    std::int16_t mosse = 0;
+    std::array<std::uint8_t, 4> giocate{};  // slot k of the player's hand played
+    std::int32_t sfondo = 0;                // the table colour, read at each deal
+
+    // ---- the turn ----
+    std::int16_t turno = 0;
+    Carta carta_giocata = 0;
+    std::int16_t valore_giocata = 0;
+    Modo modo = Modo::vuoto;
+    std::int16_t slot = 0;
+    std::array<Carta, 13> presa{};
+    std::array<std::int16_t, 13> presax{}, presay{};
+    std::int16_t quante = 0;
+    std::int16_t somma = 0;
+    bool trovata = false, singola = false;
+    std::uint8_t vuote = 0;
+    float riga = 0, colonna = 0;
+    float posx = 0, posy = 0;
+
+    // ---- the hand ----
+    std::array<std::array<Carta, 5>, 4> tavolo{};  // rows 1..3, columns 1..4
+    std::array<std::int16_t, 41> prese{};          // the player took card c
+    std::int16_t ultima_presa = 0;
+    std::array<std::int32_t, 3> pilay{};           // Top of each side's pile
+    std::array<std::int16_t, 3> settanta{};
+
+    // ---- geometry ----
+    float meta_larghezza = 400, meta_altezza = 300;
+    float larghezza_carta = 0, altezza_carta = 0;
+    float tavolox = 0, tavoloy = 0;
+
+    // ---- long-lived ----
+    // combinazioni[m], m = 1..255: eight characters, the digit p where bit p-1
+    // of m is set and '0' elsewhere.
+    std::array<std::array<char, 8>, 256> combinazioni{};
+    bool partenza = false;
+    bool scattato = false;
+    std::uint8_t velocita = 20;  // 10, 20 or 30: the divisor of every pause
+    std::int16_t canzone = 0;
+    float scala = 0.75f;
+
+    // ---- controls ----
+    std::array<CartaControllo, 41> carta{};  // 1..40
+    std::array<DorsoControllo, 3> dorso{};
+    std::array<StatoControllo, numero_controlli> controlli{};
+    std::array<bool, 4> spunta_velocita{};   // the check marks of "Low", "Middle", "High"
+
+    // Placing, showing and raising controls; each change is drawn at once.
+    const Rett& rett(Controllo c) const { return controlli[indice(c)].r; }
+    bool Visible(Controllo c) const { return controlli[indice(c)].visibile; }
+    void Move(Controllo c, float left, float top);
+    void Visible(Controllo c, bool visibile);
+    void ZOrder(Controllo c);
+    // The one of the two controls that stands in front.
+    bool davanti(Controllo a, Controllo b) const { return controlli[indice(a)].z > controlli[indice(b)].z; }
+
+    Piattaforma piattaforma;
+    Finestra& finestra;
+    std::filesystem::path cartella;  // the program's folder
+
+private:
+    static constexpr std::size_t indice(Controllo c) { return static_cast<std::size_t>(c); }
+    void ridisegna(Controllo c);
+    void Set_Read();
+    void Set_Write();
+    void spunta_velocita_gioco(int indice, bool spuntata);
+    int ultimo_z_ = 0;
+};
+
+// The wipe of a window: lines from the left fill the upper half while lines
+// from the right fill the lower half; the colour stays as the window's ground.
+void sipario(Superficie& finestra, Colore colore);
+
+}  // namespace lesta

@@ -1,0 +1,43 @@
+#pragma once
+// The settings file Config.brx beside the program: three numbers, one a line,
+// each with a blank before and after it and the line ended by CR LF:
+//   line 1  the play rate, 1 "Low", 2 "Middle", 3 "High"
+//   line 2  the music: 0 none, 1..n a song, 101 all songs in turn
+//   line 3  the card scale in per cent
+// Nothing else lasts from one run to the next.
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace lesta {
+
+struct Impostazioni {
+    std::uint8_t velocita = 2;  // as in the file: 1, 2 or 3
+    std::int16_t canzone = 0;   // 0, 1..100, or 101
+    float scala = 0.75f;        // a fraction: 75 in the file is 0.75
+};
+
+// Reads the file's text. Numbers are separated by blanks, commas or line
+// ends; only the first three count. A number that is missing, unreadable or
+// out of range is replaced, so that the game always starts with no message:
+//   rate    anything but 1, 2 or 3          gives 2, "Middle"
+//   music   anything but 0..101, or 1..100 with a fraction, gives 0, no music
+//   scale   anything outside 25..100 per cent  gives 75 per cent
+// (A scale above 80 per cent makes the table grid overlap the hands, but the
+// game stays playable up to full size; below 25 the cards are unreadable.)
+Impostazioni leggi_impostazioni(std::string_view testo);
+
+// The file's text for these settings, e.g. " 2 \r\n 101 \r\n 75 \r\n".
+std::string scrivi_impostazioni(const Impostazioni& impostazioni);
+
+// Reads the file; a missing or unreadable file reads as empty, and so gives
+// the defaults above. At most the first few kilobytes are looked at.
+Impostazioni Set_Read(const std::filesystem::path& file);
+
+// Rewrites the file whole. Returns false if it could not be written; the
+// game goes on with the settings it has in memory.
+bool Set_Write(const std::filesystem::path& file, const Impostazioni& impostazioni);
+
+}  // namespace lesta

@@ -1,12 +1,14 @@
 #pragma once
 // Stand-ins for the table window without a screen.
-//   FinestraNulla   paints nothing; the simulator uses it, where only the
-//                   game's state counts.
+//   FinestraNulla   paints nothing, and reads the table colour only at the
+//                   middle of the table; the simulator and the tests that
+//                   play many hands use it, where only the game's state counts.
 //   FinestraRaster  an 800 x 600 raster, one pixel a logical unit, that keeps
 //                   what is painted, and which picture, so tests can read the
 //                   table back with Point as the game does.
 
 #include <array>
+#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -30,6 +32,11 @@ public:
         controlli[static_cast<std::size_t>(c)] = {r, visibile, in_primo_piano};
     }
     void spunta(Voce voce, int indice, bool spuntata) override { spunte[{voce, indice}] = spuntata; }
+    void voce_canzone(int indice, std::string_view titolo) override {
+        if (static_cast<int>(voci_canzoni.size()) <= indice) voci_canzoni.resize(static_cast<std::size_t>(indice) + 1);
+        voci_canzoni[static_cast<std::size_t>(indice)] = titolo;
+    }
+    void caption(Controllo c, std::string_view testo) override { captions[static_cast<std::size_t>(c)] = testo; }
     int larghezza_pixel() const override { return larghezza; }
 
     bool spuntata(Voce voce, int indice) const {
@@ -39,6 +46,8 @@ public:
 
     std::array<ControlloVisto, numero_controlli> controlli{};
     std::map<std::pair<Voce, int>, bool> spunte;
+    std::vector<std::string> voci_canzoni;  // the song entries of the music menu, 1..n
+    std::array<std::string, numero_controlli> captions{};
     int larghezza = 1024;
 };
 
@@ -51,8 +60,12 @@ public:
     void Box(float, float, float, float, Colore) override {}
     void BoxFilled(float, float, float, float, Colore) override {}
     void PaintPicture(Figura, float, float, float, float) override {}
-    // Every point reads as the face of a card: nothing painted is bare table.
-    Colore Point(float, float) const override { return bianco; }
+    // The table colour at the middle of the table (400, 300), the one point
+    // of the table that no card ever covers, which the deal reads as the
+    // table colour; white everywhere else, so every other click passes the
+    // colour test.
+    Colore Point(float x, float y) const override { return x == 400 && y == 300 ? verde_tavolo : bianco; }
+    bool conserva() const override { return false; }
     void Print(float, float, std::string_view, Colore) override {}
     float TextHeight() const override { return 13; }
 
@@ -106,7 +119,13 @@ public:
         messaggio = m;
         finito = true;
     }
+    void Show_frmscore() override {
+        ++fogli;
+        if (al_foglio) al_foglio();
+    }
     bool finito = false;
+    int fogli = 0;                     // score sheets shown
+    std::function<void()> al_foglio;  // run on each: a test or the simulator fills the sheet
     std::string messaggio;
 };
 

@@ -8,14 +8,14 @@
 namespace lesta {
 
 void Frmlesta::Form_Load() {
+    riempi_canzoni();
     Trova_Combinazioni();
 
     Set_Read();
     spunta_velocita_gioco(velocita, true);
     velocita = static_cast<std::uint8_t>(velocita * 10);
 
-    // The songs come with the music player; with none, there is no music.
-    canzone = 0;
+    avvia_musica();
 
     // The card sound is opened once and stays open for the whole run.
     auto& suono = piattaforma.MMCw;
@@ -77,6 +77,8 @@ Task Frmlesta::Form_Activate() {
     tavoloy = meta_altezza - 1.5f * altezza_carta - 6;
 
     Mescola();
+    daicarte();
+    co_await gioco();
 }
 
 // The start panel: the match choice and GO, on a blue panel with the title

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "match/carte.h"
 #include "match/casuale.h"
@@ -50,6 +51,20 @@ struct DorsoControllo {
     Carta tag = 0;
 };
 
+class Frmlesta;
+
+// Who watches the moves go by, such as the simulator that writes them down.
+// It is told; it never changes anything.
+class Osservatore {
+public:
+    // A move has been carried out: the card laid or the capture taken (and a
+    // sweep counted). The capture list still holds what was taken.
+    virtual void mossa_eseguita(const Frmlesta& tavolo) = 0;
+
+protected:
+    ~Osservatore() = default;
+};
+
 // What a click on the table means now.
 enum class Modo : std::uint8_t { vuoto, gioco1, selezione };
 
@@ -75,6 +90,22 @@ public:
     void velocita_gioco_Click(int indice);
     void esci_Click();
     void Form_Unload();
+    // A press of any mouse button on the table, at (X, Y) in logical units.
+    void Form_MouseDown(float X, float Y);
+    // The music menu, and the end of a song.
+    void canzoni_Click(int indice);
+    void All_Click(int indice);
+    void nomusic_Click(int indice);
+    void MMC1_Done(int notify_code);
+    // The help panels: the menu entries, a click on a panel, a click on a
+    // turn light.
+    void english_Click();
+    void Italiano_Click();
+    void menu_about_Click();
+    void Text3_Click();
+    void Text4_Click();
+    void Verde_Click(int indice);
+    void Rosso_Click(int indice);
 
     // ---- routines ----
     Task pannello_inizio();
@@ -86,6 +117,28 @@ public:
     void combina();
     // Paints the song frame and puts the song's title in it.
     void Quadro_Song();
+    // Three cards to each side, from the deck as the shuffle left it.
+    void daicarte();
+    // One hand, from the first deal on the table to the gathering of both piles.
+    Task gioco();
+    // The player's turn: the hand card picked by a click...
+    Task gioco1();
+    // ...and the selection that the card must take, if it can take anything.
+    Task verifica();
+    // The computer's turn, up to its card shown on the spot of the card in play.
+    Task gioco2();
+    // Carries out a decided turn: the card laid on the table or the capture to
+    // the pile of the side on turn.
+    Task muovicarte();
+    // The primiera of both piles at the end of a hand.
+    void calcsettanta();
+    // The songs of the music folder, entered in the music menu at load.
+    void riempi_canzoni();
+    // Starts the music that the settings ask for.
+    void avvia_musica();
+    // Rewrites the settings file with the fields as they are now; the music
+    // menu calls it too.
+    void Set_Write();
 
     // ---- the shared state ----
     ModLesta& mod;
@@ -138,6 +191,13 @@ public:
     std::array<DorsoControllo, 3> dorso{};
     std::array<StatoControllo, numero_controlli> controlli{};
     std::array<bool, 4> spunta_velocita{};   // the check marks of "Low", "Middle", "High"
+    // The music menu: canzoni[k] is the title of song k, k = 1..n (entry 0
+    // is unused), with the check marks of the songs, "None" and
+    // "SEQUENTIAL MODE".
+    std::vector<std::string> canzoni{std::string()};
+    std::vector<bool> spunta_canzoni{false};
+    bool spunta_nomusic = false;
+    bool spunta_All = false;
 
     // Placing, showing and raising controls; each change is drawn at once.
     const Rett& rett(Controllo c) const { return controlli[indice(c)].r; }
@@ -150,13 +210,13 @@ public:
 
     Piattaforma piattaforma;
     Finestra& finestra;
+    Osservatore* osservatore = nullptr;
     std::filesystem::path cartella;  // the program's folder
 
 private:
     static constexpr std::size_t indice(Controllo c) { return static_cast<std::size_t>(c); }
     void ridisegna(Controllo c);
     void Set_Read();
-    void Set_Write();
     void spunta_velocita_gioco(int indice, bool spuntata);
     int ultimo_z_ = 0;
 };

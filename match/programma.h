@@ -13,6 +13,9 @@ public:
     // Shows the message in a box with an OK button; the program ends when the
     // box is closed.
     virtual void messaggio_e_fine(std::string_view messaggio) = 0;
+    // Brings up the score sheet for the hand just finished, without waiting
+    // for it: the sheet fills itself, and its button starts the next hand.
+    virtual void Show_frmscore() = 0;
 };
 
 }  // namespace lesta

@@ -53,6 +53,11 @@ public:
     // The height of one line of text, in logical units.
     virtual float TextHeight() const = 0;
 
+    // Whether what is painted can ever be seen or read back. On a surface
+    // that keeps nothing (the simulator's) the game skips the steps of a wipe
+    // or of a slide, which only paint: their end is all that counts.
+    virtual bool conserva() const { return true; }
+
     float ScaleWidth() const { return 800.0f; }
     float ScaleHeight() const { return 600.0f; }
 };
@@ -70,6 +75,10 @@ class Finestra : public Superficie {
 public:
     // The game checked or unchecked a menu entry.
     virtual void spunta(Voce voce, int indice, bool spuntata) = 0;
+    // The game entered song `indice` (1..n) in the music menu, at load.
+    virtual void voce_canzone(int indice, std::string_view titolo) = 0;
+    // The caption of a control that shows text (the song's title on CmdSong).
+    virtual void caption(Controllo c, std::string_view testo) = 0;
     // The game placed, showed, hid or raised a control: draw it as it now is.
     virtual void controllo_cambiato(Controllo c, const Rett& r, bool visibile, bool in_primo_piano) = 0;
     // The window's outer width in pixels, for the check of the screen.

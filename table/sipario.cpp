@@ -3,10 +3,11 @@
 namespace lesta {
 
 void sipario(Superficie& finestra, Colore colore) {
-    const float larghezza = finestra.ScaleWidth();
-    for (int i = 0; static_cast<float>(i) <= larghezza; ++i) {
+    const float larghezza = finestra.ScaleWidth(), altezza = finestra.ScaleHeight();
+    // The upper half fills from the left while the lower half fills from the
+    // right; they meet at the end.
+    for (int i = 0; finestra.conserva() && static_cast<float>(i) <= larghezza; ++i) {
         const float x = static_cast<float>(i);
-        const float altezza = finestra.ScaleHeight();
         finestra.Line(x, 0, x, altezza / 2 + 1, colore);
         finestra.Line(larghezza - x, altezza, larghezza - x, altezza / 2, colore);
     }

@@ -1,0 +1,241 @@
+#include "scoring/finestra_punteggio.h"
+
+#include <QCloseEvent>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QResizeEvent>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
+
+#include "table/immagini.h"
+#include "table/superficie_qt.h"
+
+namespace lesta {
+
+namespace {
+
+// The client area as designed: 15360 x 11985 twips at 15 twips a pixel.
+constexpr int larghezza_disegno = 1024;
+constexpr int altezza_disegno = 799;
+
+// The face of a card, stretched to the image's rectangle.
+class CartaImmagine final : public QWidget {
+public:
+    CartaImmagine(Immagini& immagini, QWidget* genitore) : QWidget(genitore), immagini_(immagini) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+    void carta(int c) {
+        if (c == carta_) return;
+        carta_ = c;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        if (carta_ < 1 || carta_ > 40) return;
+        const qreal dpr = devicePixelRatioF();
+        const QSize pixel(static_cast<int>(std::lround(width() * dpr)), static_cast<int>(std::lround(height() * dpr)));
+        if (pixel.isEmpty()) return;
+        QImage figura = immagini_.immagine(faccia(carta_), pixel);
+        figura.setDevicePixelRatio(dpr);
+        QPainter(this).drawImage(QPoint(0, 0), figura);
+    }
+
+private:
+    Immagini& immagini_;
+    int carta_ = 0;
+};
+
+QString testo_qt(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())); }
+
+}  // namespace
+
+FinestraPunteggioQt::FinestraPunteggioQt(Immagini& immagini, ModLesta& mod, QWidget* genitore)
+    : QWidget(genitore), immagini_(immagini), superficie_(new SuperficieQt(immagini, this)), frm_(*this, mod) {
+    setWindowTitle(QStringLiteral("Brontex - Lesta"));
+    setWindowIcon(QIcon(QPixmap::fromImage(immagini_.immagine(Figura::Icona, QSize(32, 32)))));
+    // A fixed frame: minimise and close, no maximise.
+    setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                   Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint);
+
+    auto* strato = new QVBoxLayout(this);
+    strato->setContentsMargins(0, 0, 0, 0);
+    strato->setSpacing(0);
+    strato->addWidget(superficie_);
+    resize(larghezza_disegno, altezza_disegno);
+    connect(superficie_, &SuperficieQt::ridimensionata, this, &FinestraPunteggioQt::posiziona_tutti);
+
+    // The images stand over the title strip, so they are made before any
+    // label and every label is stacked under them.
+    for (int i = 1; i <= 8; ++i) {
+        auto* im = new CartaImmagine(immagini_, superficie_);
+        im->hide();
+        immagini_carte_[static_cast<std::size_t>(i)] = im;
+    }
+    for (int i = 1; i <= 2; ++i) {
+        auto* b = new QPushButton(superficie_);
+        b->hide();
+        bottoni_[static_cast<std::size_t>(i)] = b;
+    }
+    connect(bottoni_[1], &QPushButton::clicked, this, [this] { frm_.Command1_Click(); });
+    connect(bottoni_[2], &QPushButton::clicked, this, [this] { frm_.Command2_Click(); });
+
+    frm_.Form_Load();
+}
+
+FinestraPunteggioQt::~FinestraPunteggioQt() = default;
+
+// ---- the surface ----
+void FinestraPunteggioQt::Cls() { superficie_->Cls(); }
+void FinestraPunteggioQt::BackColor(Colore colore) { superficie_->BackColor(colore); }
+Colore FinestraPunteggioQt::BackColor() const { return superficie_->BackColor(); }
+void FinestraPunteggioQt::Line(float x1, float y1, float x2, float y2, Colore c) {
+    superficie_->Line(x1, y1, x2, y2, c);
+}
+void FinestraPunteggioQt::Box(float x1, float y1, float x2, float y2, Colore c) { superficie_->Box(x1, y1, x2, y2, c); }
+void FinestraPunteggioQt::BoxFilled(float x1, float y1, float x2, float y2, Colore c) {
+    superficie_->BoxFilled(x1, y1, x2, y2, c);
+}
+void FinestraPunteggioQt::PaintPicture(Figura f, float x, float y, float w, float h) {
+    superficie_->PaintPicture(f, x, y, w, h);
+}
+Colore FinestraPunteggioQt::Point(float x, float y) const { return superficie_->Point(x, y); }
+void FinestraPunteggioQt::Print(float x, float y, std::string_view testo, Colore c) {
+    superficie_->Print(x, y, testo, c);
+}
+float FinestraPunteggioQt::TextHeight() const { return superficie_->TextHeight(); }
+
+// ---- the controls ----
+
+int FinestraPunteggioQt::pixel_carattere(float punti) const {
+    const double scala = std::min(superficie_->width() / static_cast<double>(larghezza_disegno),
+                                  superficie_->height() / static_cast<double>(altezza_disegno));
+    return std::max(1, static_cast<int>(std::lround(punti * 96.0 / 72.0 * scala)));
+}
+
+void FinestraPunteggioQt::etichetta_cambiata(QualeEtichetta quale, const Etichetta& etichetta) {
+    EtichettaQt& e = etichette_[chiave(quale)];
+    if (e.widget == nullptr) {
+        e.widget = new QLabel(superficie_);
+        e.widget->setTextFormat(Qt::PlainText);
+        e.widget->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+        e.widget->setMargin(0);
+        e.widget->setAutoFillBackground(true);
+        e.widget->setAttribute(Qt::WA_TransparentForMouseEvents);
+        e.widget->stackUnder(immagini_carte_[1]);
+    }
+    e.stato = etichetta;
+    QPalette colori = e.widget->palette();
+    colori.setColor(QPalette::Window, colore_qt(etichetta.BackColor));
+    colori.setColor(QPalette::WindowText, colore_qt(etichetta.ForeColor));
+    e.widget->setPalette(colori);
+    e.widget->setText(testo_qt(etichetta.Caption));
+    posiziona(e);
+    e.widget->setVisible(etichetta.Visible);
+}
+
+void FinestraPunteggioQt::etichetta_distrutta(int indice) {
+    auto it = etichette_.find(chiave({Gruppo::LBLdat, indice}));
+    if (it == etichette_.end()) return;
+    delete it->second.widget;
+    etichette_.erase(it);
+}
+
+void FinestraPunteggioQt::imgset_cambiata(int indice, const Immagine& immagine) {
+    if (indice < 1 || indice > 8) return;
+    stato_immagini_[static_cast<std::size_t>(indice)] = immagine;
+    auto* im = static_cast<CartaImmagine*>(immagini_carte_[static_cast<std::size_t>(indice)]);
+    im->carta(immagine.carta);
+    posiziona_immagine(indice);
+    im->setVisible(immagine.Visible);
+}
+
+void FinestraPunteggioQt::bottone_cambiato(int indice, const Bottone& bottone, std::string_view caption) {
+    if (indice != 1 && indice != 2) return;
+    stato_bottoni_[static_cast<std::size_t>(indice)] = bottone;
+    QPushButton* b = bottoni_[static_cast<std::size_t>(indice)];
+    b->setText(testo_qt(caption));
+    posiziona_bottone(indice);
+    b->setVisible(bottone.Visible);
+}
+
+void FinestraPunteggioQt::posiziona(EtichettaQt& e) {
+    QFont f;
+    f.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Microsoft Sans Serif"),
+                   QFontDatabase::systemFont(QFontDatabase::GeneralFont).family()});
+    f.setStyleHint(QFont::SansSerif);
+    f.setPixelSize(pixel_carattere(e.stato.FontSize));
+    f.setBold(e.stato.FontBold);
+    e.widget->setFont(f);
+    e.widget->setGeometry(superficie_->in_pixel(e.stato.r));
+}
+
+void FinestraPunteggioQt::posiziona_immagine(int indice) {
+    immagini_carte_[static_cast<std::size_t>(indice)]->setGeometry(
+        superficie_->in_pixel(stato_immagini_[static_cast<std::size_t>(indice)].r));
+}
+
+void FinestraPunteggioQt::posiziona_bottone(int indice) {
+    QPushButton* b = bottoni_[static_cast<std::size_t>(indice)];
+    QFont f = b->font();
+    f.setPixelSize(pixel_carattere(9.75f));
+    b->setFont(f);
+    b->setGeometry(superficie_->in_pixel(stato_bottoni_[static_cast<std::size_t>(indice)].r));
+}
+
+// Every control keeps its logical rectangle, and its text its proportion,
+// at any size of the window.
+void FinestraPunteggioQt::posiziona_tutti() {
+    for (auto& [k, e] : etichette_) posiziona(e);
+    for (int i = 1; i <= 8; ++i) posiziona_immagine(i);
+    for (int i = 1; i <= 2; ++i) posiziona_bottone(i);
+}
+
+QLabel* FinestraPunteggioQt::etichetta(QualeEtichetta quale) const {
+    auto it = etichette_.find(chiave(quale));
+    return it == etichette_.end() ? nullptr : it->second.widget;
+}
+
+QWidget* FinestraPunteggioQt::immagine(int indice) const {
+    return indice >= 1 && indice <= 8 ? immagini_carte_[static_cast<std::size_t>(indice)] : nullptr;
+}
+
+QPushButton* FinestraPunteggioQt::bottone(int indice) const {
+    return indice == 1 || indice == 2 ? bottoni_[static_cast<std::size_t>(indice)] : nullptr;
+}
+
+// ---- the window ----
+
+float FinestraPunteggioQt::Width() const { return static_cast<float>(frameGeometry().width()); }
+float FinestraPunteggioQt::Height() const { return static_cast<float>(frameGeometry().height()); }
+bool FinestraPunteggioQt::minimizzata() const { return isMinimized(); }
+
+void FinestraPunteggioQt::Show() {
+    if (!isVisible() || isMinimized()) {
+        // Some window managers will not maximise a window that has no
+        // maximise button; it is given the screen's free area first.
+        if (!isVisible())
+            if (const QScreen* schermo = screen()) setGeometry(schermo->availableGeometry());
+        showMaximized();
+    }
+    raise();
+    activateWindow();
+}
+
+void FinestraPunteggioQt::closeEvent(QCloseEvent* evento) {
+    evento->ignore();
+    int Cancel = 0;
+    frm_.Form_QueryUnload(Cancel, 0);
+}
+
+void FinestraPunteggioQt::resizeEvent(QResizeEvent* evento) {
+    QWidget::resizeEvent(evento);
+    frm_.Form_Resize();
+    posiziona_tutti();
+}
+
+}  // namespace lesta

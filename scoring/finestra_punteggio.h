@@ -1,0 +1,108 @@
+#pragma once
+// The score sheet on Qt: "Brontex - Lesta", maximised with a fixed frame, a
+// painted surface in the sheet's colour, and on it the labels, the eight card
+// images and the two buttons, each at its logical rectangle scaled to the
+// window. It holds the sheet's logic (Frmscore) and passes its own events to
+// it; what goes out of the sheet comes out as signals.
+//
+// The window's activation by the window system does nothing: the sheet is
+// filled by an explicit call of frm().Show() (or frm().Form_Activate()) when
+// the table has finished a hand.
+
+#include <QWidget>
+#include <array>
+#include <map>
+#include <utility>
+
+#include "scoring/frmscore.h"
+
+class QLabel;
+class QPushButton;
+
+namespace lesta {
+
+class Immagini;
+class SuperficieQt;
+
+class FinestraPunteggioQt final : public QWidget, public FinestraPunteggio {
+    Q_OBJECT
+public:
+    // Builds and loads the window (Form_Load); it is not shown.
+    FinestraPunteggioQt(Immagini& immagini, ModLesta& mod, QWidget* genitore = nullptr);
+    ~FinestraPunteggioQt() override;
+
+    Frmscore& frm() { return frm_; }
+
+    // ---- the surface ----
+    void Cls() override;
+    void BackColor(Colore colore) override;
+    Colore BackColor() const override;
+    void Line(float x1, float y1, float x2, float y2, Colore colore) override;
+    void Box(float x1, float y1, float x2, float y2, Colore colore) override;
+    void BoxFilled(float x1, float y1, float x2, float y2, Colore colore) override;
+    void PaintPicture(Figura figura, float x, float y, float w, float h) override;
+    Colore Point(float x, float y) const override;
+    void Print(float x, float y, std::string_view testo, Colore colore) override;
+    float TextHeight() const override;
+
+    // ---- the controls ----
+    void etichetta_cambiata(QualeEtichetta quale, const Etichetta& etichetta) override;
+    void etichetta_distrutta(int indice) override;
+    void imgset_cambiata(int indice, const Immagine& immagine) override;
+    void bottone_cambiato(int indice, const Bottone& bottone, std::string_view caption) override;
+
+    float Width() const override;
+    float Height() const override;
+    bool minimizzata() const override;
+
+    void Show() override;
+    void Show_frmlesta() override { emit mostra_tavolo(); }
+    void Unload_frmlesta() override { emit scarica_tavolo(); }
+    void End() override { emit fine(); }
+
+    // ---- for tests ----
+    SuperficieQt& superficie() { return *superficie_; }
+    QLabel* etichetta(QualeEtichetta quale) const;
+    QWidget* immagine(int indice) const;
+    QPushButton* bottone(int indice) const;
+    // The pixel size of a font of this many points at the window's present
+    // size: its size in points at the design size of the client area,
+    // 1024 x 799 pixels, and in proportion at others.
+    int pixel_carattere(float punti) const;
+
+signals:
+    // Show of the table: the desktop brings it up and starts the next hand.
+    void mostra_tavolo();
+    // Unload of the table: the desktop unloads it (media closed, program ended).
+    void scarica_tavolo();
+    // The program ends at once.
+    void fine();
+
+protected:
+    void closeEvent(QCloseEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+
+private:
+    struct EtichettaQt {
+        QLabel* widget = nullptr;
+        Etichetta stato;
+    };
+    using Chiave = std::pair<int, int>;  // group and index
+    static Chiave chiave(QualeEtichetta q) { return {static_cast<int>(q.gruppo), q.indice}; }
+
+    void posiziona(EtichettaQt& e);
+    void posiziona_immagine(int indice);
+    void posiziona_bottone(int indice);
+    void posiziona_tutti();
+
+    Immagini& immagini_;
+    SuperficieQt* superficie_;
+    std::map<Chiave, EtichettaQt> etichette_;
+    std::array<QWidget*, 9> immagini_carte_{};  // 1..8
+    std::array<Immagine, 9> stato_immagini_{};
+    std::array<QPushButton*, 3> bottoni_{};       // 1..2
+    std::array<Bottone, 3> stato_bottoni_{};
+    Frmscore frm_;  // last: its load draws on everything above
+};
+
+}  // namespace lesta

@@ -1,0 +1,45 @@
+#include "sound/file_wav.h"
+
+#include <fstream>
+
+namespace lesta::wav {
+namespace {
+
+void piccolo_endian(std::vector<std::uint8_t>& out, std::uint32_t v, int byte) {
+    for (int i = 0; i < byte; ++i) out.push_back(static_cast<std::uint8_t>((v >> (8 * i)) & 0xFF));
+}
+
+void testo(std::vector<std::uint8_t>& out, const char (&quattro)[5]) { out.insert(out.end(), quattro, quattro + 4); }
+
+}  // namespace
+
+std::vector<std::uint8_t> file_wav(const std::vector<std::int16_t>& campioni, int frequenza, int canali) {
+    const auto dati = static_cast<std::uint32_t>(campioni.size() * 2);
+    const auto blocco = static_cast<std::uint32_t>(canali * 2);
+    std::vector<std::uint8_t> out;
+    out.reserve(44 + dati);
+    testo(out, "RIFF");
+    piccolo_endian(out, 36 + dati, 4);
+    testo(out, "WAVE");
+    testo(out, "fmt ");
+    piccolo_endian(out, 16, 4);
+    piccolo_endian(out, 1, 2);  // PCM
+    piccolo_endian(out, static_cast<std::uint32_t>(canali), 2);
+    piccolo_endian(out, static_cast<std::uint32_t>(frequenza), 4);
+    piccolo_endian(out, static_cast<std::uint32_t>(frequenza) * blocco, 4);
+    piccolo_endian(out, blocco, 2);
+    piccolo_endian(out, 16, 2);
+    testo(out, "data");
+    piccolo_endian(out, dati, 4);
+    for (std::int16_t c : campioni) piccolo_endian(out, static_cast<std::uint16_t>(c), 2);
+    return out;
+}
+
+bool scrivi(const std::filesystem::path& percorso, const std::vector<std::uint8_t>& byte) {
+    std::ofstream out(percorso, std::ios::binary | std::ios::trunc);
+    out.write(reinterpret_cast<const char*>(byte.data()), static_cast<std::streamsize>(byte.size()));
+    out.close();
+    return static_cast<bool>(out);
+}
+
+}  // namespace lesta::wav

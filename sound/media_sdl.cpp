@@ -1,0 +1,368 @@
+#include "sound/media_sdl.h"
+
+#include <SDL.h>
+#include <SDL_mixer.h>
+
+#include <QObject>
+#include <array>
+#include <atomic>
+#include <cctype>
+#include <condition_variable>
+#include <cstring>
+#include <deque>
+#include <filesystem>
+#include <fstream>
+#include <future>
+#include <mutex>
+#include <thread>
+
+namespace lesta {
+namespace {
+
+// The audio device, opened by the first player that opens a file and closed
+// when the last player goes. All players mix into it.
+struct Uscita {
+    enum class Stato { chiusa, aperta, mancante };
+
+    std::mutex m;  // guards what follows except the atomics
+    Stato stato = Stato::chiusa;
+    int giocatori = 0;
+    int prossimo_canale = 0;
+
+    // The sequencer that hears of the end of its songs, and the generation of
+    // the song that it is playing (0: none). The hook of the end of the
+    // music reads only these two, for it may run with the audio locked.
+    std::atomic<LettoreSdl*> sequencer{nullptr};
+    std::atomic<std::uint64_t> brano{0};
+};
+
+Uscita& uscita() {
+    static Uscita u;
+    return u;
+}
+
+constexpr int canali_del_mixer = 8;
+
+void fine_musica();
+
+// Opens the device at the first need. Called on the players' workers, so
+// the time it takes never falls on the window.
+bool apri_uscita() {
+    Uscita& u = uscita();
+    std::lock_guard blocco(u.m);
+    if (u.stato == Uscita::Stato::aperta) return true;
+    if (u.stato == Uscita::Stato::mancante) return false;
+
+    // Qt keeps the signals of the process; SDL must not take them.
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
+        u.stato = Uscita::Stato::mancante;
+        return false;
+    }
+    Mix_Init(MIX_INIT_MID);
+    if (Mix_OpenAudio(44100, AUDIO_S16SYS, 2, 1024) != 0) {
+        Mix_Quit();
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        u.stato = Uscita::Stato::mancante;
+        return false;
+    }
+    Mix_AllocateChannels(canali_del_mixer);
+    // The soundfont is named outright, so that every song sounds with the
+    // system's General MIDI font whatever the library would guess by itself.
+    // (The library still lets a user impose another one, with
+    // SDL_FORCE_SOUNDFONTS=1 and SDL_SOUNDFONTS.)
+    if (const std::string font = font_gm_di_sistema(); !font.empty()) Mix_SetSoundFonts(font.c_str());
+    Mix_HookMusicFinished(fine_musica);
+    u.stato = Uscita::Stato::aperta;
+    return true;
+}
+
+// With the last player gone the device is closed, and the next player that
+// opens a file opens it anew.
+void chiudi_uscita(Uscita& u) {
+    if (u.stato == Uscita::Stato::aperta) {
+        Mix_HookMusicFinished(nullptr);
+        Mix_CloseAudio();
+        Mix_Quit();
+        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    }
+    u.stato = Uscita::Stato::chiusa;
+}
+
+// Whether the file begins as a Standard MIDI File: a header chunk of at least
+// six bytes that announces one track or more, and a first track chunk after
+// it. The synthesizer reads a song only when it starts to play it, and would
+// take any file that ends in ".mid"; what it cannot read is not opened.
+bool sembra_midi(const std::string& percorso) {
+    std::ifstream in(percorso, std::ios::binary);
+    std::array<unsigned char, 22> testa{};
+    in.read(reinterpret_cast<char*>(testa.data()), static_cast<std::streamsize>(testa.size()));
+    if (in.gcount() < 22) return false;
+    const auto grande = [&testa](std::size_t da, int byte) {
+        std::uint32_t v = 0;
+        for (int i = 0; i < byte; ++i) v = v << 8 | testa[da + static_cast<std::size_t>(i)];
+        return v;
+    };
+    if (std::memcmp(testa.data(), "MThd", 4) != 0) return false;
+    const std::uint32_t lunghezza = grande(4, 4);
+    if (lunghezza < 6 || grande(10, 2) == 0) return false;
+    in.seekg(static_cast<std::streamoff>(8 + lunghezza));
+    char traccia[4] = {};
+    in.read(traccia, 4);
+    return in.gcount() == 4 && std::memcmp(traccia, "MTrk", 4) == 0;
+}
+
+bool parola(std::string_view comando, std::string_view attesa) {
+    if (comando.size() != attesa.size()) return false;
+    for (std::size_t i = 0; i < comando.size(); ++i) {
+        if (std::tolower(static_cast<unsigned char>(comando[i])) != attesa[i]) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+struct LettoreSdl {
+    LettoreSdl(TipoDispositivo t, std::function<void()> f) : tipo(t), fine_brano(std::move(f)) {}
+
+    const TipoDispositivo tipo;
+    const std::function<void()> fine_brano;
+
+    // ---- the caller's thread ----
+    std::string file;
+    bool attendi = false;
+    // Grows at each "Open" and "Close": the end of a song counts only if no
+    // such command came after the "Play" that started it.
+    std::uint64_t generazione = 1;
+    std::unique_ptr<QObject> ricevitore;
+
+    // ---- the worker ----
+    std::thread lavoratore;
+    std::mutex m;
+    std::condition_variable cv;
+    std::deque<std::function<void()>> coda;
+    bool basta = false;
+
+    // ---- what only the worker touches ----
+    Mix_Music* musica = nullptr;
+    // The song closed last, kept until the next one is loaded: while the
+    // synthesizer of one song is alive, the next one finds the soundfont's
+    // samples already in memory and loads in a fraction of the time.
+    Mix_Music* riserva = nullptr;
+    Mix_Chunk* suono = nullptr;
+    int canale = 0;
+    bool da_capo = false;
+    std::atomic<bool> aperto{false};
+
+    void lavora() {
+        for (;;) {
+            std::function<void()> compito;
+            {
+                std::unique_lock blocco(m);
+                cv.wait(blocco, [this] { return basta || !coda.empty(); });
+                if (coda.empty()) return;
+                compito = std::move(coda.front());
+                coda.pop_front();
+            }
+            compito();
+        }
+    }
+
+    void esegui(std::function<void()> compito, bool aspetta) {
+        if (!aspetta) {
+            {
+                std::lock_guard blocco(m);
+                coda.push_back(std::move(compito));
+            }
+            cv.notify_one();
+            return;
+        }
+        std::promise<void> fatto;
+        auto atteso = fatto.get_future();
+        esegui(
+            [&compito, &fatto] {
+                compito();
+                fatto.set_value();
+            },
+            false);
+        atteso.wait();
+    }
+
+    // ---- the commands, on the worker ----
+    void apri(const std::string& percorso) {
+        chiudi();
+        if (!apri_uscita()) return;
+        if (tipo == TipoDispositivo::Sequencer) {
+            if (sembra_midi(percorso)) musica = Mix_LoadMUS(percorso.c_str());
+            if (riserva != nullptr) {
+                Mix_FreeMusic(riserva);
+                riserva = nullptr;
+            }
+        } else {
+            suono = Mix_LoadWAV(percorso.c_str());
+        }
+        da_capo = false;
+        aperto = musica != nullptr || suono != nullptr;
+    }
+
+    void suona_adesso(std::uint64_t gen) {
+        if (tipo == TipoDispositivo::WaveAudio) {
+            // On its own channel, a new start cuts the sound that is still
+            // running and begins it again.
+            if (suono != nullptr) Mix_PlayChannel(canale, suono, 0);
+            return;
+        }
+        if (musica == nullptr) return;
+        const bool in_corso = Mix_PlayingMusic() != 0;
+        if (in_corso && !da_capo) return;
+        da_capo = false;
+        Uscita& u = uscita();
+        if (in_corso) {
+            u.brano = 0;
+            Mix_HaltMusic();
+        }
+        u.brano = gen;
+        if (Mix_PlayMusic(musica, 0) != 0) u.brano = 0;
+    }
+
+    void chiudi() {
+        if (musica != nullptr) {
+            if (Mix_PlayingMusic() != 0) {
+                // Halting calls the hook at once; with no song on record it
+                // reports nothing.
+                uscita().brano = 0;
+                Mix_HaltMusic();
+            }
+            if (riserva != nullptr) Mix_FreeMusic(riserva);
+            riserva = musica;
+            musica = nullptr;
+        }
+        if (suono != nullptr) {
+            Mix_HaltChannel(canale);
+            Mix_FreeChunk(suono);
+            suono = nullptr;
+        }
+        aperto = false;
+    }
+
+    void libera_tutto() {
+        chiudi();
+        if (riserva != nullptr) {
+            Mix_FreeMusic(riserva);
+            riserva = nullptr;
+        }
+    }
+
+    // ---- the end of a song, on the caller's thread ----
+    void consegna_fine(std::uint64_t gen) {
+        if (gen == generazione && fine_brano) fine_brano();
+    }
+};
+
+namespace {
+
+// Runs on the audio thread when a song ends, or inside Mix_HaltMusic.
+void fine_musica() {
+    Uscita& u = uscita();
+    const std::uint64_t gen = u.brano.exchange(0);
+    if (gen == 0) return;
+    LettoreSdl* lettore = u.sequencer.load();
+    if (lettore == nullptr) return;
+    // Posted to an object that lives on the caller's thread: the call runs
+    // there, and never once the player is gone.
+    QMetaObject::invokeMethod(
+        lettore->ricevitore.get(), [lettore, gen] { lettore->consegna_fine(gen); }, Qt::QueuedConnection);
+}
+
+}  // namespace
+
+MediaSdl::MediaSdl(TipoDispositivo tipo, std::function<void()> fine_brano)
+    : d_(std::make_unique<LettoreSdl>(tipo, std::move(fine_brano))) {
+    d_->ricevitore = std::make_unique<QObject>();
+    Uscita& u = uscita();
+    {
+        std::lock_guard blocco(u.m);
+        ++u.giocatori;
+        d_->canale = u.prossimo_canale;
+        u.prossimo_canale = (u.prossimo_canale + 1) % canali_del_mixer;
+    }
+    if (tipo == TipoDispositivo::Sequencer) u.sequencer = d_.get();
+    d_->lavoratore = std::thread([p = d_.get()] { p->lavora(); });
+}
+
+MediaSdl::~MediaSdl() {
+    d_->esegui([p = d_.get()] { p->libera_tutto(); }, true);
+    {
+        std::lock_guard blocco(d_->m);
+        d_->basta = true;
+    }
+    d_->cv.notify_one();
+    d_->lavoratore.join();
+
+    Uscita& u = uscita();
+    std::lock_guard blocco(u.m);
+    LettoreSdl* questo = d_.get();
+    u.sequencer.compare_exchange_strong(questo, nullptr);
+    // Setting the hook takes the audio lock, so a hook that is running has
+    // finished when this returns, and none will find this player again.
+    if (u.stato == Uscita::Stato::aperta) Mix_HookMusicFinished(fine_musica);
+    if (--u.giocatori == 0) chiudi_uscita(u);
+}
+
+void MediaSdl::FileName(const std::string& percorso) { d_->file = percorso; }
+
+void MediaSdl::Command(std::string_view comando) {
+    LettoreSdl* p = d_.get();
+    if (parola(comando, "open")) {
+        ++p->generazione;
+        p->esegui([p, percorso = p->file] { p->apri(percorso); }, p->attendi);
+    } else if (parola(comando, "close")) {
+        ++p->generazione;
+        p->esegui([p] { p->chiudi(); }, p->attendi);
+    } else if (parola(comando, "play")) {
+        p->esegui([p, gen = p->generazione] { p->suona_adesso(gen); }, false);
+    }
+}
+
+void MediaSdl::From(int posizione) {
+    if (posizione != 0) return;
+    LettoreSdl* p = d_.get();
+    p->esegui([p] { p->da_capo = true; }, false);
+}
+
+void MediaSdl::Wait(bool attendi) { d_->attendi = attendi; }
+
+void MediaSdl::sincronizza() {
+    d_->esegui([] {}, true);
+}
+
+bool MediaSdl::aperto() const { return d_->aperto; }
+
+bool MediaSdl::suona() const {
+    bool risposta = false;
+    LettoreSdl* p = d_.get();
+    p->esegui(
+        [p, &risposta] {
+            if (!p->aperto) return;
+            risposta = p->tipo == TipoDispositivo::Sequencer ? Mix_PlayingMusic() != 0 : Mix_Playing(p->canale) != 0;
+        },
+        true);
+    return risposta;
+}
+
+std::string font_gm_di_sistema() {
+    // Debian points the first two at the General MIDI font it has installed;
+    // the others are where other systems keep one.
+    static const char* const luoghi[] = {
+        "/usr/share/sounds/sf3/default-GM.sf3", "/usr/share/sounds/sf2/default-GM.sf2",
+        "/usr/share/sounds/sf2/FluidR3_GM.sf2", "/usr/share/soundfonts/default.sf2",
+        "/usr/share/soundfonts/FluidR3_GM.sf2",
+    };
+    for (const char* luogo : luoghi) {
+        std::error_code errore;
+        if (std::filesystem::is_regular_file(luogo, errore)) return luogo;
+    }
+    return {};
+}
+
+}  // namespace lesta

@@ -1,0 +1,117 @@
+#include "table/applicazione.h"
+
+#include <QCoreApplication>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <QTimer>
+
+#include "table/superficie_qt.h"
+
+namespace lesta {
+
+Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
+    : tavolo_(immagini),
+      foglio_(immagini, mod_),
+      frm_(Piattaforma{tavolo_, orologio_, casuale_, musica_, suono_, *this}, mod_, std::move(cartella)) {
+    orologio_.al_timer2 = [this] { frm_.Timer2_Timer(); };
+
+    connect(&tavolo_, &FinestraTavolo::go, this, [this] { evento([this] { frm_.GO_Click(); }); });
+    connect(&tavolo_, &FinestraTavolo::opzione, this,
+            [this](int i) { evento([this, i] { frm_.Option1_Click(i); }); });
+    connect(&tavolo_, &FinestraTavolo::velocita_gioco, this,
+            [this](int i) { evento([this, i] { frm_.velocita_gioco_Click(i); }); });
+    connect(&tavolo_.superficie(), &SuperficieQt::premuto, this,
+            [this](float x, float y) { evento([this, x, y] { frm_.Form_MouseDown(x, y); }); });
+    connect(&tavolo_, &FinestraTavolo::canzone, this,
+            [this](int i) { evento([this, i] { frm_.canzoni_Click(i); }); });
+    connect(&tavolo_, &FinestraTavolo::tutte_le_canzoni, this, [this] { evento([this] { frm_.All_Click(0); }); });
+    connect(&tavolo_, &FinestraTavolo::nessuna_musica, this, [this] { evento([this] { frm_.nomusic_Click(0); }); });
+    connect(tavolo_.voce_italiano(), &QAction::triggered, this, [this] { evento([this] { frm_.Italiano_Click(); }); });
+    connect(tavolo_.voce_english(), &QAction::triggered, this, [this] { evento([this] { frm_.english_Click(); }); });
+    connect(tavolo_.voce_info(), &QAction::triggered, this, [this] { evento([this] { frm_.menu_about_Click(); }); });
+    for (Controllo c : {Controllo::Text3, Controllo::Text4})
+        static_cast<QPlainTextEdit*>(tavolo_.widget(c))->viewport()->installEventFilter(this);
+    for (int i = 0; i < 2; ++i) {
+        tavolo_.widget(Verde(i))->installEventFilter(this);
+        tavolo_.widget(Rosso(i))->installEventFilter(this);
+    }
+    connect(&tavolo_, &FinestraTavolo::esci, this, [this] { evento([this] { frm_.esci_Click(); }); });
+    // The window's own close control ends the program at once.
+    connect(&tavolo_, &FinestraTavolo::chiusa, this, [this] { End(); });
+    // The score sheet's buttons: the next hand, or the end.
+    connect(&foglio_, &FinestraPunteggioQt::mostra_tavolo, this, [this] {
+        if (finito_) return;
+        tavolo_.show();
+        tavolo_.raise();
+        tavolo_.activateWindow();
+        attiva();
+    });
+    connect(&foglio_, &FinestraPunteggioQt::scarica_tavolo, this, [this] { evento([this] { frm_.Form_Unload(); }); });
+    connect(&foglio_, &FinestraPunteggioQt::fine, this, [this] { End(); });
+    // The first show activates the table; queued, so that the window is on
+    // screen before the hand starts painting.
+    connect(&tavolo_, &FinestraTavolo::prima_volta, this, &Applicazione::attiva, Qt::QueuedConnection);
+}
+
+bool Applicazione::eventFilter(QObject* oggetto, QEvent* e) {
+    if (e->type() != QEvent::MouseButtonPress) return false;
+    auto viewport = [this](Controllo c) { return static_cast<QPlainTextEdit*>(tavolo_.widget(c))->viewport(); };
+    // A click on a panel or a light is not a click on the table: it is taken
+    // here and goes no further.
+    if (oggetto == viewport(Controllo::Text3)) {
+        evento([this] { frm_.Text3_Click(); });
+        return true;
+    }
+    if (oggetto == viewport(Controllo::Text4)) {
+        evento([this] { frm_.Text4_Click(); });
+        return true;
+    }
+    for (int i = 0; i < 2; ++i) {
+        if (oggetto == tavolo_.widget(Verde(i))) {
+            evento([this, i] { frm_.Verde_Click(i); });
+            return true;
+        }
+        if (oggetto == tavolo_.widget(Rosso(i))) {
+            evento([this, i] { frm_.Rosso_Click(i); });
+            return true;
+        }
+    }
+    return false;
+}
+
+void Applicazione::avvia() {
+    frm_.Form_Load();
+    // Some window managers will not maximise a window that has no maximise
+    // button; it is given the screen's free area first, so it fills the
+    // screen either way.
+    if (const QScreen* schermo = tavolo_.screen()) tavolo_.setGeometry(schermo->availableGeometry());
+    tavolo_.showMaximized();
+}
+
+void Applicazione::attiva() {
+    if (finito_ || hand_in_corso()) return;
+    attivazione_ = frm_.Form_Activate();
+    attivazione_.start();
+}
+
+// The table has finished a hand: the sheet comes up and fills itself, once.
+void Applicazione::Show_frmscore() { foglio_.frm().Show(); }
+
+void Applicazione::End() {
+    if (finito_) return;
+    finito_ = true;
+    orologio_.ferma();
+    QCoreApplication::quit();
+}
+
+void Applicazione::messaggio_e_fine(std::string_view messaggio) {
+    auto* box = new QMessageBox(QMessageBox::NoIcon, tavolo_.windowTitle(),
+                                QString::fromUtf8(messaggio.data(), static_cast<qsizetype>(messaggio.size())),
+                                QMessageBox::Ok, &tavolo_);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    connect(box, &QMessageBox::finished, this, [this] { End(); });
+    box->open();
+}
+
+}  // namespace lesta

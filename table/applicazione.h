@@ -1,0 +1,70 @@
+#pragma once
+// The running program: the table window, the game behind it and what the
+// game uses of the system, wired together. It starts the hand when the window
+// is shown and ends the program when asked.
+
+#include <QObject>
+#include <filesystem>
+
+#include "match/casuale_sistema.h"
+#include "match/frmlesta.h"
+#include "match/stato.h"
+#include "scoring/finestra_punteggio.h"
+#include "sound/media_sdl.h"
+#include "table/finestra_tavolo.h"
+#include "table/orologio_qt.h"
+
+namespace lesta {
+
+class Immagini;
+
+class Applicazione final : public QObject, public Programma {
+    Q_OBJECT
+public:
+    Applicazione(Immagini& immagini, std::filesystem::path cartella);
+
+    // Loads the game and shows the table maximised; the first activation
+    // follows the first show.
+    void avvia();
+    // One activation of the table: one hand. Does nothing while a hand runs.
+    void attiva();
+
+    void End() override;
+    void messaggio_e_fine(std::string_view messaggio) override;
+    void Show_frmscore() override;
+
+    Frmlesta& gioco() { return frm_; }
+    FinestraTavolo& tavolo() { return tavolo_; }
+    FinestraPunteggioQt& foglio() { return foglio_; }
+    ModLesta& stato() { return mod_; }
+    bool hand_in_corso() const { return !attivazione_.done(); }
+    bool finito() const { return finito_; }
+
+protected:
+    // Clicks on the help panels and on the turn lights.
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
+
+private:
+    // Every event reaches the game through here, and then the waiting
+    // routine goes on if what it waits for has come.
+    template <class Evento>
+    void evento(Evento e) {
+        if (finito_) return;
+        e();
+        orologio_.sveglia();
+    }
+
+    ModLesta mod_;
+    OrologioQt orologio_;
+    CasualeSistema casuale_;
+    // The end of a song reaches the game as an event, like any other.
+    MediaSdl musica_{TipoDispositivo::Sequencer, [this] { evento([this] { frm_.MMC1_Done(1); }); }};
+    MediaSdl suono_{TipoDispositivo::WaveAudio};
+    FinestraTavolo tavolo_;
+    FinestraPunteggioQt foglio_;
+    Frmlesta frm_;
+    bool finito_ = false;
+    Task attivazione_;  // the hand under way; destroyed first, before what it uses
+};
+
+}  // namespace lesta

@@ -1,0 +1,316 @@
+#include "table/finestra_tavolo.h"
+
+#include <QAbstractButton>
+#include <QActionGroup>
+#include <QButtonGroup>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QVBoxLayout>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
+#include <QShowEvent>
+#include <QTextDocument>
+#include <QTextOption>
+#include <QWindow>
+#include <cmath>
+
+#include "table/immagini.h"
+#include "table/testi_aiuto.h"
+#include "table/superficie_qt.h"
+
+namespace lesta {
+
+namespace {
+
+QString css(Colore c) { return colore_qt(c).name(); }
+
+// A control that shows one of the game's pictures, rendered at its own size.
+class ControlloFigura final : public QWidget {
+public:
+    ControlloFigura(Immagini& immagini, Figura figura, QWidget* genitore)
+        : QWidget(genitore), immagini_(immagini), figura_(figura) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        const qreal dpr = devicePixelRatioF();
+        const QSize pixel(static_cast<int>(std::lround(width() * dpr)), static_cast<int>(std::lround(height() * dpr)));
+        if (pixel.isEmpty()) return;
+        QImage figura = immagini_.immagine(figura_, pixel);
+        figura.setDevicePixelRatio(dpr);
+        QPainter(this).drawImage(QPoint(0, 0), figura);
+    }
+
+private:
+    Immagini& immagini_;
+    Figura figura_;
+};
+
+// The frame round the match choice: a rounded outline, clear inside.
+class Cornice final : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter p(this);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(QPen(palette().color(QPalette::Base), 1));
+        const qreal raggio = std::min(width(), height()) / 8.0;
+        p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), raggio, raggio);
+    }
+};
+
+// The text of a control in proportion to its height on screen.
+void carattere_per(QWidget* w, double parte) {
+    QFont f = w->font();
+    f.setPixelSize(std::max(8, static_cast<int>(std::lround(w->height() * parte))));
+    w->setFont(f);
+}
+
+}  // namespace
+
+FinestraTavolo::FinestraTavolo(Immagini& immagini) : immagini_(immagini) {
+    setWindowTitle(QStringLiteral("Brontex - Lesta"));
+    setWindowIcon(QIcon(QPixmap::fromImage(immagini_.immagine(Figura::Icona, QSize(32, 32)))));
+    // A fixed frame: minimise and close, no maximise.
+    setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                   Qt::WindowCloseButtonHint | Qt::CustomizeWindowHint);
+
+    superficie_ = new SuperficieQt(immagini_, this);
+    setCentralWidget(superficie_);
+    // The design size of the table's client area, for the moment before the
+    // window is maximised.
+    resize(1018, 773 + menuBar()->sizeHint().height());
+    connect(superficie_, &SuperficieQt::ridimensionata, this, &FinestraTavolo::posiziona_tutti);
+
+    crea_controlli();
+    crea_menu();
+}
+
+void FinestraTavolo::crea_controlli() {
+    auto metti = [this](Controllo c, QWidget* w) {
+        w->hide();
+        widget_[static_cast<std::size_t>(c)] = w;
+    };
+
+    metti(Controllo::testo, new ControlloFigura(immagini_, Figura::Titolo, superficie_));
+    // The song frame's holder never shows: the frame is painted on the table.
+    auto* led = new ControlloFigura(immagini_, Figura::Led, superficie_);
+    led->setAttribute(Qt::WA_TransparentForMouseEvents);
+    metti(Controllo::Led, led);
+    for (int i = 0; i < 2; ++i) {
+        metti(Verde(i), new ControlloFigura(immagini_, Figura::Verde, superficie_));
+        metti(Rosso(i), new ControlloFigura(immagini_, Figura::Rosso, superficie_));
+    }
+    auto* cornice = new Cornice(superficie_);
+    cornice->setAttribute(Qt::WA_TransparentForMouseEvents);
+    metti(Controllo::Shape1, cornice);
+
+    opzioni_ = new QButtonGroup(this);
+    const char* nomi[] = {"Single Game", "11 points Game", "21 points Game"};
+    for (int i = 0; i < 3; ++i) {
+        auto* b = new QRadioButton(QString::fromLatin1(nomi[i]), superficie_);
+        b->setAutoFillBackground(true);
+        b->setStyleSheet(QStringLiteral("QRadioButton { background: %1; color: %2; padding-left: 4px; }")
+                             .arg(css(0xC0E0FF), css(0x000080)));
+        opzioni_->addButton(b, i);
+        metti(Option1(i), b);
+    }
+    // The first match is a single hand unless the player picks another.
+    opzioni_->button(0)->setChecked(true);
+    connect(opzioni_, &QButtonGroup::idClicked, this, &FinestraTavolo::opzione);
+
+    auto* go = new QPushButton(QStringLiteral("GO"), superficie_);
+    go->setStyleSheet(QStringLiteral("QPushButton { background: %1; border: 1px solid #404040; }").arg(css(0x80FF80)));
+    connect(go, &QPushButton::clicked, this, &FinestraTavolo::go);
+    metti(Controllo::GO, go);
+
+    // The song's title, in italics, broken over lines as a button does.
+    auto* canzone = new QPushButton(superficie_);
+    canzone->setStyleSheet(
+        QStringLiteral("QPushButton { background: %1; border: 1px solid #404040; }").arg(css(0xC0FFFF)));
+    auto* titolo = new QLabel(canzone);
+    titolo->setObjectName(QStringLiteral("titolo"));
+    titolo->setAlignment(Qt::AlignCenter);
+    titolo->setWordWrap(true);
+    titolo->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* disposizione = new QVBoxLayout(canzone);
+    disposizione->setContentsMargins(3, 3, 3, 3);
+    disposizione->addWidget(titolo);
+    metti(Controllo::CmdSong, canzone);
+
+    // The rules in English (the player may write in them), the rules in
+    // Italian, and the information, centred.
+    const std::pair<Controllo, std::string_view> pannelli[] = {
+        {Controllo::Text2, testo_inglese}, {Controllo::Text3, testo_italiano}, {Controllo::Text4, testo_informazioni}};
+    for (auto [pannello, contenuto] : pannelli) {
+        auto* testo = new QPlainTextEdit(superficie_);
+        testo->setStyleSheet(QStringLiteral("QPlainTextEdit { background: %1; color: black; }").arg(css(0xC0FFFF)));
+        testo->setPlainText(QString::fromUtf8(contenuto.data(), static_cast<qsizetype>(contenuto.size())));
+        testo->setReadOnly(pannello != Controllo::Text2);
+        testo->setLineWrapMode(QPlainTextEdit::NoWrap);
+        if (pannello == Controllo::Text4) {
+            testo->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+            testo->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+            QTextOption opzione = testo->document()->defaultTextOption();
+            opzione.setAlignment(Qt::AlignHCenter);
+            testo->document()->setDefaultTextOption(opzione);
+        } else {
+            testo->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+        }
+        metti(pannello, testo);
+    }
+}
+
+void FinestraTavolo::crea_menu() {
+    QMenuBar* barra = menuBar();
+
+    QMenu* velocita = barra->addMenu(QStringLiteral("&Play rate"));
+    auto* gruppo = new QActionGroup(this);
+    gruppo->setExclusive(true);
+    const char* nomi[] = {"", "Low", "Middle", "High"};
+    for (int i = 1; i <= 3; ++i) {
+        QAction* a = velocita->addAction(QString::fromLatin1(nomi[i]));
+        a->setCheckable(true);
+        gruppo->addAction(a);
+        connect(a, &QAction::triggered, this, [this, i] { emit velocita_gioco(i); });
+        velocita_[static_cast<std::size_t>(i)] = a;
+    }
+
+    QMenu* regole = barra->addMenu(QStringLiteral("&Game rules"));
+    italiano_ = regole->addAction(QStringLiteral("Italiano"));
+    english_ = regole->addAction(QStringLiteral("English"));
+
+    musica_ = barra->addMenu(QStringLiteral("&Music"));
+    nomusic_ = musica_->addAction(QStringLiteral("None"));
+    nomusic_->setCheckable(true);
+    connect(nomusic_, &QAction::triggered, this, &FinestraTavolo::nessuna_musica);
+    all_ = musica_->addAction(QStringLiteral("SEQUENTIAL MODE"));
+    all_->setCheckable(true);
+    connect(all_, &QAction::triggered, this, &FinestraTavolo::tutte_le_canzoni);
+
+    info_ = barra->addAction(QStringLiteral("&Info"));
+    esci_ = barra->addAction(QStringLiteral("&QUIT"));
+    connect(esci_, &QAction::triggered, this, &FinestraTavolo::esci);
+}
+
+// ---- the surface ----
+void FinestraTavolo::Cls() { superficie_->Cls(); }
+void FinestraTavolo::BackColor(Colore colore) { superficie_->BackColor(colore); }
+Colore FinestraTavolo::BackColor() const { return superficie_->BackColor(); }
+void FinestraTavolo::Line(float x1, float y1, float x2, float y2, Colore c) { superficie_->Line(x1, y1, x2, y2, c); }
+void FinestraTavolo::Box(float x1, float y1, float x2, float y2, Colore c) { superficie_->Box(x1, y1, x2, y2, c); }
+void FinestraTavolo::BoxFilled(float x1, float y1, float x2, float y2, Colore c) {
+    superficie_->BoxFilled(x1, y1, x2, y2, c);
+}
+void FinestraTavolo::PaintPicture(Figura f, float x, float y, float w, float h) {
+    superficie_->PaintPicture(f, x, y, w, h);
+}
+Colore FinestraTavolo::Point(float x, float y) const { return superficie_->Point(x, y); }
+void FinestraTavolo::Print(float x, float y, std::string_view testo, Colore c) { superficie_->Print(x, y, testo, c); }
+float FinestraTavolo::TextHeight() const { return superficie_->TextHeight(); }
+
+// ---- the controls ----
+void FinestraTavolo::controllo_cambiato(Controllo c, const Rett& r, bool visibile, bool in_primo_piano) {
+    rett_[static_cast<std::size_t>(c)] = r;
+    QWidget* w = widget(c);
+    if (w == nullptr) return;
+    posiziona(c);
+    w->setVisible(visibile);
+    if (in_primo_piano) w->raise();
+}
+
+void FinestraTavolo::posiziona(Controllo c) {
+    QWidget* w = widget(c);
+    if (w == nullptr) return;
+    w->setGeometry(superficie_->in_pixel(rett_[static_cast<std::size_t>(c)]));
+    if (c == Controllo::CmdSong) {
+        // 9.75 points at the table's design height of 773 pixels.
+        QFont f = w->font();
+        f.setItalic(true);
+        f.setPixelSize(std::max(8, static_cast<int>(std::lround(13.0 * superficie_->height() / 773.0))));
+        w->findChild<QLabel*>(QStringLiteral("titolo"))->setFont(f);
+    } else if (qobject_cast<QAbstractButton*>(w) != nullptr) {
+        carattere_per(w, 0.62);
+    }
+    if (qobject_cast<QPlainTextEdit*>(w) != nullptr) {
+        // The texts are broken by hand at about 38 characters, for the width
+        // of the rules panels.
+        const int larghezza_regole = superficie_->in_pixel(rettangolo_iniziale(Controllo::Text2)).width();
+        QFont f = w->font();
+        f.setPixelSize(std::max(8, larghezza_regole / 20));
+        w->setFont(f);
+    }
+}
+
+// The controls keep their logical places at any size of the window.
+void FinestraTavolo::posiziona_tutti() {
+    for (int i = 0; i < numero_controlli; ++i) posiziona(static_cast<Controllo>(i));
+}
+
+void FinestraTavolo::spunta(Voce voce, int indice, bool spuntata) {
+    QAction* voce_menu = nullptr;
+    switch (voce) {
+        case Voce::velocita_gioco:
+            if (indice >= 1 && indice <= 3) voce_menu = velocita_[static_cast<std::size_t>(indice)];
+            break;
+        case Voce::nomusic: voce_menu = nomusic_; break;
+        case Voce::All: voce_menu = all_; break;
+        case Voce::canzoni: voce_menu = voce_canzone(indice); break;
+    }
+    if (voce_menu != nullptr) voce_menu->setChecked(spuntata);
+}
+
+// The check marks are the game's: a menu entry does not check itself, the
+// game checks what it decides.
+void FinestraTavolo::voce_canzone(int indice, std::string_view titolo) {
+    if (indice < 1) return;
+    if (static_cast<int>(canzoni_.size()) <= indice) canzoni_.resize(static_cast<std::size_t>(indice) + 1, nullptr);
+    auto*& voce = canzoni_[static_cast<std::size_t>(indice)];
+    if (voce == nullptr) {
+        voce = musica_->addAction(QString());
+        voce->setCheckable(true);
+        connect(voce, &QAction::triggered, this, [this, indice] { emit canzone(indice); });
+    }
+    voce->setText(QString::fromUtf8(titolo.data(), static_cast<qsizetype>(titolo.size())));
+}
+
+QAction* FinestraTavolo::voce_canzone(int indice) const {
+    return indice >= 1 && indice < static_cast<int>(canzoni_.size()) ? canzoni_[static_cast<std::size_t>(indice)]
+                                                                    : nullptr;
+}
+
+void FinestraTavolo::caption(Controllo c, std::string_view testo) {
+    const QString t = QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
+    if (c == Controllo::CmdSong)
+        widget(c)->findChild<QLabel*>(QStringLiteral("titolo"))->setText(t);
+    else if (auto* bottone = qobject_cast<QAbstractButton*>(widget(c)))
+        bottone->setText(t);
+}
+
+int FinestraTavolo::larghezza_pixel() const {
+    // The window is maximised: its width is that of the screen's free area,
+    // which is known at once, before the window manager has done its work.
+    const QScreen* schermo = screen();
+    return schermo != nullptr ? schermo->availableGeometry().width() : frameGeometry().width();
+}
+
+// ---- the window's own events ----
+void FinestraTavolo::closeEvent(QCloseEvent* evento) {
+    evento->ignore();
+    emit chiusa();
+}
+
+void FinestraTavolo::showEvent(QShowEvent* evento) {
+    QMainWindow::showEvent(evento);
+    if (!mostrata_) {
+        mostrata_ = true;
+        emit prima_volta();
+    }
+}
+
+}  // namespace lesta

@@ -1,0 +1,94 @@
+#pragma once
+// The table window on Qt: "Brontex - Lesta", maximised, with its menu bar, the
+// painted surface and the controls that the game places on it. It draws what
+// the game tells it and passes every event on to the game; it decides nothing.
+
+#include <QMainWindow>
+#include <array>
+#include <functional>
+#include <vector>
+
+#include "table/finestra.h"
+
+class QAction;
+class QButtonGroup;
+class QMenu;
+
+namespace lesta {
+
+class Immagini;
+class SuperficieQt;
+
+class FinestraTavolo final : public QMainWindow, public Finestra {
+    Q_OBJECT
+public:
+    explicit FinestraTavolo(Immagini& immagini);
+
+    // ---- what the game draws ----
+    void Cls() override;
+    void BackColor(Colore colore) override;
+    Colore BackColor() const override;
+    void Line(float x1, float y1, float x2, float y2, Colore colore) override;
+    void Box(float x1, float y1, float x2, float y2, Colore colore) override;
+    void BoxFilled(float x1, float y1, float x2, float y2, Colore colore) override;
+    void PaintPicture(Figura figura, float x, float y, float w, float h) override;
+    Colore Point(float x, float y) const override;
+    void Print(float x, float y, std::string_view testo, Colore colore) override;
+    float TextHeight() const override;
+    void controllo_cambiato(Controllo c, const Rett& r, bool visibile, bool in_primo_piano) override;
+    void spunta(Voce voce, int indice, bool spuntata) override;
+    void voce_canzone(int indice, std::string_view titolo) override;
+    void caption(Controllo c, std::string_view testo) override;
+    int larghezza_pixel() const override;
+
+    SuperficieQt& superficie() { return *superficie_; }
+    QWidget* widget(Controllo c) const { return widget_[static_cast<std::size_t>(c)]; }
+    QAction* voce_velocita(int indice) const { return velocita_[static_cast<std::size_t>(indice)]; }
+    QAction* voce_esci() const { return esci_; }
+    QAction* voce_nomusic() const { return nomusic_; }
+    QAction* voce_All() const { return all_; }
+    QAction* voce_canzone(int indice) const;
+    QAction* voce_italiano() const { return italiano_; }
+    QAction* voce_english() const { return english_; }
+    QAction* voce_info() const { return info_; }
+
+signals:
+    // The events of the window, for the game.
+    void go();
+    void opzione(int indice);
+    void velocita_gioco(int indice);
+    void canzone(int indice);
+    void tutte_le_canzoni();
+    void nessuna_musica();
+    void esci();
+    void chiusa();        // the window's own close control
+    void prima_volta();   // the window is on screen for the first time
+
+protected:
+    void closeEvent(QCloseEvent* evento) override;
+    void showEvent(QShowEvent* evento) override;
+
+private:
+    void crea_controlli();
+    void crea_menu();
+    void posiziona(Controllo c);
+    void posiziona_tutti();
+
+    Immagini& immagini_;
+    SuperficieQt* superficie_;
+    std::array<QWidget*, numero_controlli> widget_{};
+    std::array<Rett, numero_controlli> rett_{};
+    std::array<QAction*, 4> velocita_{};
+    QMenu* musica_ = nullptr;
+    QAction* nomusic_ = nullptr;
+    QAction* all_ = nullptr;
+    std::vector<QAction*> canzoni_{nullptr};  // 1..n
+    QAction* italiano_ = nullptr;
+    QAction* english_ = nullptr;
+    QAction* info_ = nullptr;
+    QAction* esci_ = nullptr;
+    QButtonGroup* opzioni_ = nullptr;
+    bool mostrata_ = false;
+};
+
+}  // namespace lesta

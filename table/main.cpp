@@ -1,0 +1,19 @@
+// Lesta: the fishing game of the Trieste deck, one player against the computer.
+
+#include <QApplication>
+#include <filesystem>
+
+#include "table/applicazione.h"
+#include "table/immagini.h"
+
+int main(int argc, char* argv[]) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Lesta"));
+
+    lesta::Immagini immagini;
+    // The settings, the songs and the card sound live beside the program.
+    const std::filesystem::path cartella = QCoreApplication::applicationDirPath().toStdString();
+    lesta::Applicazione lesta(immagini, cartella);
+    lesta.avvia();
+    return QApplication::exec();
+}

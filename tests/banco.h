@@ -1,0 +1,116 @@
+#pragma once
+// A table without a screen for the tests: the game on a window stand-in (a
+// raster unless told otherwise), a virtual clock, a seeded random stream with
+// room for scripted draws, a card sound that counts how often it plays, and a
+// folder of its own for the settings file.
+
+#include <array>
+#include <atomic>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <unistd.h>
+
+#include "headless/casuale_fisso.h"
+#include "headless/finestre.h"
+#include "headless/orologio_virtuale.h"
+#include "match/frmlesta.h"
+#include "sound/media.h"
+
+namespace lesta::prova {
+
+// A fresh folder under the system's temporary folder, removed at the end.
+class CartellaTemporanea {
+public:
+    CartellaTemporanea() {
+        static std::atomic<int> contatore{0};
+        percorso_ = std::filesystem::temp_directory_path() /
+                    ("lesta-prova-" + std::to_string(::getpid()) + "-" + std::to_string(contatore++));
+        std::filesystem::create_directories(percorso_);
+    }
+    ~CartellaTemporanea() {
+        std::error_code ignorato;
+        std::filesystem::remove_all(percorso_, ignorato);
+    }
+    CartellaTemporanea(const CartellaTemporanea&) = delete;
+    CartellaTemporanea& operator=(const CartellaTemporanea&) = delete;
+    const std::filesystem::path& percorso() const { return percorso_; }
+
+private:
+    std::filesystem::path percorso_;
+};
+
+// Plays nothing and counts the times it is told to play.
+class MediaConta final : public Media {
+public:
+    void FileName(const std::string&) override {}
+    void Command(std::string_view c) override { suonate += c == "Play"; }
+    void From(int) override {}
+    void Wait(bool) override {}
+    int suonate = 0;
+};
+
+// The table's grid in scan order: row 1 columns 1..4, then rows 2 and 3; 0
+// is an empty cell.
+using Griglia = std::array<Carta, 12>;
+
+template <class F = FinestraRaster>
+struct Banco {
+    explicit Banco(std::uint32_t seme = 1) : casuale(seme) {
+        orologio.al_timer2 = [this] { frm.Timer2_Timer(); };
+    }
+    // With the cards already at the given scale, as the start of a hand
+    // leaves them.
+    Banco(std::uint32_t seme, float scala) : Banco(seme) { prepara_carte(scala); }
+    Banco(const Banco&) = delete;
+    Banco& operator=(const Banco&) = delete;
+
+    // The capture masks, and the card size and the grid's corner for the
+    // scale, set as the start of a hand sets them.
+    void prepara_carte(float scala) {
+        frm.Trova_Combinazioni();
+        frm.scala = scala;
+        frm.larghezza_carta = scala * carta_iniziale.width;
+        frm.altezza_carta = scala * carta_iniziale.height;
+        frm.tavolox = frm.meta_larghezza - 2 * frm.larghezza_carta - 9;
+        frm.tavoloy = frm.meta_altezza - 1.5f * frm.altezza_carta - 6;
+    }
+    // The window cleared to the table colour, and the game told so.
+    void tavolo_verde() {
+        frm.sfondo = static_cast<std::int32_t>(verde_tavolo);
+        finestra.BackColor(verde_tavolo);
+    }
+
+    float cella_x(int k) const { return frm.tavolox + static_cast<float>(k - 1) * (frm.larghezza_carta + 6); }
+    float cella_y(int r) const { return frm.tavoloy + static_cast<float>(r - 1) * (frm.altezza_carta + 6); }
+    // Lays the cards in their cells, painted, unmarked.
+    void tavolo(const Griglia& g) {
+        for (int i = 0; i < 12; ++i) {
+            const int r = i / 4 + 1, k = i % 4 + 1;
+            const Carta c = g[static_cast<std::size_t>(i)];
+            frm.tavolo[r][k] = c;
+            if (c == 0) continue;
+            frm.carta[c].Left = cella_x(k);
+            frm.carta[c].Top = cella_y(r);
+            frm.carta[c].tag = Tag::vuoto;
+            finestra.PaintPicture(faccia(c), frm.carta[c].Left, frm.carta[c].Top, frm.larghezza_carta,
+                                  frm.altezza_carta);
+        }
+    }
+
+    CartellaTemporanea cartella;
+    F finestra;
+    OrologioVirtuale orologio;
+    CasualeFisso casuale;
+    MediaMuto musica;
+    MediaConta suono;
+    ProgrammaFinto programma;
+    ModLesta mod;
+    Frmlesta frm{Piattaforma{finestra, orologio, casuale, musica, suono, programma}, mod, cartella.percorso()};
+};
+
+// The draw u in [0, 1) for which floor(n x u) is k.
+inline float estrazione(int k, int n) { return (static_cast<float>(k) + 0.5f) / static_cast<float>(n); }
+
+}  // namespace lesta::prova

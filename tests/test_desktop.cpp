@@ -1,0 +1,193 @@
+// The table window on Qt, offscreen: the painted surface read back with
+// Point, controls that keep their logical places at any size, the menus, the
+// real pauses, and the ways out.
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <cmath>
+
+#include "banco.h"
+#include "table/applicazione.h"
+#include "table/finestra_tavolo.h"
+#include "table/immagini.h"
+#include "table/orologio_qt.h"
+#include "table/superficie_qt.h"
+
+namespace lesta {
+namespace {
+
+Immagini& immagini() {
+    static Immagini tutte;
+    return tutte;
+}
+
+// A surface on screen at this size (offscreen, resizes reach it at once).
+void misura(SuperficieQt& s, QSize m) {
+    s.show();
+    s.resize(m);
+    ASSERT_EQ(s.immagine().size(), m * s.devicePixelRatioF());
+}
+
+TEST(SuperficieQt, TheWipeLeavesEveryPixelInItsColourAtAnySize) {
+    for (QSize dimensioni : {QSize(1018, 720), QSize(640, 480), QSize(1600, 900)}) {
+        SuperficieQt s(immagini());
+        misura(s, dimensioni);
+        s.PaintPicture(faccia(7), 100, 100, 60, 110);
+        sipario(s, verde_tavolo);
+        EXPECT_EQ(s.BackColor(), verde_tavolo);
+        const QImage& im = s.immagine();
+        for (int y = 0; y < im.height(); y += 3)
+            for (int x = 0; x < im.width(); x += 3) ASSERT_EQ(colore_word(im.pixel(x, y)), verde_tavolo);
+        EXPECT_EQ(s.Point(799.9f, 599.9f), verde_tavolo);
+        EXPECT_EQ(s.Point(800.5f, 10), 0xFFFFFFFFu);  // off the surface
+    }
+}
+
+TEST(SuperficieQt, PointReadsWhatWasPaintedCardCornersAreTable) {
+    SuperficieQt s(immagini());
+    misura(s, QSize(1018, 720));
+    s.BackColor(verde_tavolo);
+    const float x = 307, y = 486.72f, w = 58.94f, h = 108.28f;
+    s.PaintPicture(faccia(21), x, y, w, h);
+    EXPECT_EQ(s.Point(x + 0.1f, y + 0.1f), verde_tavolo);   // the rounded corner
+    EXPECT_EQ(s.Point(x + w - 0.5f, y + h - 0.5f), verde_tavolo);
+    EXPECT_NE(s.Point(x + w / 2, y + 5), verde_tavolo);     // the white card
+    EXPECT_EQ(s.Point(x - 1, y + h / 2), verde_tavolo);     // beside it
+
+    // Erasing a card with the one-unit margin leaves no trace of it.
+    s.BoxFilled(x - 1, y - 1, x + w + 1, y + h + 1, verde_tavolo);
+    for (float px = x - 2; px < x + w + 2; px += 0.5f)
+        for (float py = y - 2; py < y + h + 2; py += 0.5f) ASSERT_EQ(s.Point(px, py), verde_tavolo);
+
+    // A red outline three units inside a card.
+    s.PaintPicture(faccia(3), x, y, w, h);
+    s.Box(x + 3, y + 3, x + w - 3, y + h - 3, rosso);
+    EXPECT_EQ(s.Point(x + 3, y + h / 2), rosso);
+    EXPECT_NE(s.Point(x + 10, y + h / 2), rosso);
+}
+
+TEST(SuperficieQt, APictureStaysWhereItWasWhenTheWindowIsResized) {
+    SuperficieQt s(immagini());
+    misura(s, QSize(1018, 720));
+    s.BackColor(verde_tavolo);
+    s.BoxFilled(100, 100, 200, 200, rosso);
+    misura(s, QSize(700, 500));
+    EXPECT_EQ(s.Point(150, 150), rosso);
+    EXPECT_EQ(s.Point(90, 150), verde_tavolo);
+    EXPECT_EQ(s.Point(210, 150), verde_tavolo);
+}
+
+TEST(FinestraTavolo, ControlsKeepTheirLogicalRectanglesAtAnySize) {
+    FinestraTavolo tavolo(immagini());
+    tavolo.show();
+    const Rett go{352.55f, 300, 94.95f, 18.63f};
+    tavolo.controllo_cambiato(Controllo::GO, go, true, true);
+    for (QSize dimensioni : {QSize(1600, 1000), QSize(830, 600), QSize(1018, 720)}) {
+        tavolo.resize(dimensioni);
+        QApplication::sendPostedEvents();
+        const QSize superficie = tavolo.superficie().size();
+        const QRect g = tavolo.widget(Controllo::GO)->geometry();
+        const double kx = superficie.width() / 800.0, ky = superficie.height() / 600.0;
+        EXPECT_NEAR(g.x() / kx, go.left, 1.0 / kx + 0.01);
+        EXPECT_NEAR(g.y() / ky, go.top, 1.0 / ky + 0.01);
+        EXPECT_NEAR(g.width() / kx, go.width, 2.0 / kx + 0.01);
+        EXPECT_NEAR(g.height() / ky, go.height, 2.0 / ky + 0.01);
+    }
+}
+
+TEST(FinestraTavolo, TheMenuTreeHasItsCaptionsAccessKeysAndRadioSpeeds) {
+    FinestraTavolo tavolo(immagini());
+    QStringList barra;
+    for (QAction* a : tavolo.menuBar()->actions()) barra << a->text();
+    EXPECT_EQ(barra, (QStringList{"&Play rate", "&Game rules", "&Music", "&Info", "&QUIT"}));
+
+    auto figli = [&](int i) {
+        QStringList nomi;
+        for (QAction* a : tavolo.menuBar()->actions()[i]->menu()->actions()) nomi << a->text();
+        return nomi;
+    };
+    EXPECT_EQ(figli(0), (QStringList{"Low", "Middle", "High"}));
+    EXPECT_EQ(figli(1), (QStringList{"Italiano", "English"}));
+    EXPECT_EQ(figli(2).mid(0, 2), (QStringList{"None", "SEQUENTIAL MODE"}));
+
+    tavolo.spunta(Voce::velocita_gioco, 2, true);
+    tavolo.voce_velocita(3)->trigger();
+    EXPECT_TRUE(tavolo.voce_velocita(3)->isChecked());
+    EXPECT_FALSE(tavolo.voce_velocita(2)->isChecked());
+}
+
+// A routine that waits on the real clock: a pause takes its time in the event
+// loop, and a change of speed during it counts from the next pause.
+TEST(OrologioQt, APauseLastsItsTimeAndASpeedChangeCountsFromTheNext) {
+    FinestraTavolo tavolo(immagini());
+    OrologioQt orologio;
+    CasualeSistema casuale;
+    MediaMuto musica, suono;
+    ProgrammaFinto programma;
+    ModLesta mod;
+    prova::CartellaTemporanea cartella;
+    Frmlesta frm(Piattaforma{tavolo, orologio, casuale, musica, suono, programma}, mod, cartella.percorso());
+    orologio.al_timer2 = [&] { frm.Timer2_Timer(); };
+    frm.velocita = 30;
+
+    QElapsedTimer cronometro;
+    std::vector<qint64> fine;
+    auto due_pause = [&]() -> Task {
+        co_await frm.ritardo(1);
+        fine.push_back(cronometro.elapsed());
+        co_await frm.ritardo(1);
+        fine.push_back(cronometro.elapsed());
+    };
+    cronometro.start();
+    Task t = due_pause();
+    t.start();
+    EXPECT_FALSE(t.done());
+    QTimer::singleShot(50, [&] { frm.velocita_gioco_Click(1); });
+    QTRY_VERIFY_WITH_TIMEOUT(t.done(), 3000);
+    ASSERT_EQ(fine.size(), 2u);
+    EXPECT_GE(fine[0], 216);
+    EXPECT_LT(fine[0], 500);
+    EXPECT_GE(fine[1] - fine[0], 650);
+    EXPECT_LT(fine[1] - fine[0], 1000);
+}
+
+TEST(Applicazione, AScreenOf800PixelsGetsTheMessageAndTheProgramEndsOnOk) {
+    // The offscreen platform's screen is 800 x 600.
+    prova::CartellaTemporanea cartella;
+    Applicazione lesta(immagini(), cartella.percorso());
+    lesta.avvia();
+    QMessageBox* box = nullptr;
+    QTRY_VERIFY_WITH_TIMEOUT((box = lesta.tavolo().findChild<QMessageBox*>()) != nullptr, 2000);
+    EXPECT_EQ(box->text(), "Screen resolution too low. Risoluzione di schermo troppo bassa");
+    EXPECT_FALSE(lesta.finito());
+    box->button(QMessageBox::Ok)->click();
+    QTRY_VERIFY(lesta.finito());
+    // Nothing of the hand runs after the message.
+    EXPECT_FALSE(lesta.gioco().Visible(Controllo::GO));
+}
+
+TEST(Applicazione, QuitAndTheCloseControlEndTheProgramAtOnce) {
+    prova::CartellaTemporanea cartella;
+    {
+        Applicazione lesta(immagini(), cartella.percorso());
+        lesta.avvia();
+        lesta.tavolo().voce_esci()->trigger();
+        EXPECT_TRUE(lesta.finito());
+    }
+    {
+        Applicazione lesta(immagini(), cartella.percorso());
+        lesta.avvia();
+        lesta.tavolo().close();
+        EXPECT_TRUE(lesta.finito());
+    }
+}
+
+}  // namespace
+}  // namespace lesta

@@ -1,0 +1,88 @@
+// The computer's turn. It plays the first card of its hand, in slot order,
+// that takes anything, and takes what the capture search picks for it. When
+// no card takes anything it throws one at random, holding back its sevens as
+// long as it can and the seven of coins longest. It looks at nothing else:
+// no score, no memory, no look-ahead.
+
+#include <cmath>
+
+#include "match/frmlesta.h"
+
+namespace lesta {
+
+namespace {
+
+constexpr bool sette(Carta c) { return c % 10 == 7; }
+
+}  // namespace
+
+Task Frmlesta::gioco2() {
+    // A clean table: no mark and no outline is left from the player's turn.
+    for (int r = 1; r <= 3; ++r)
+        for (int k = 1; k <= 4; ++k)
+            if (const Carta c = tavolo[r][k]; c != 0) {
+                finestra.PaintPicture(faccia(c), carta[c].Left, carta[c].Top, larghezza_carta, altezza_carta);
+                carta[c].tag = Tag::vuoto;
+            }
+    co_await ritardo(2);
+
+    // The first card that can capture is played. The search clears the card
+    // in play when it takes nothing; it keeps it when there are too many
+    // candidates for a sum, and then the card is laid and the slots after it
+    // are not tried.
+    bool scelta = false;
+    for (slot = 0; slot <= 2; ++slot) {
+        const Carta c = dorso[slot].tag;
+        if (c == 0) continue;
+        carta_giocata = c;
+        valore_giocata = static_cast<std::int16_t>(valore(c));
+        combina();
+        if (carta_giocata != 0) {
+            scelta = true;
+            break;
+        }
+    }
+
+    if (!scelta) {
+        // The throw. Every draw falls on a slot; a draw that falls on a played
+        // slot, or on a card held back, is used up and the next one is taken.
+        int in_mano = 0, sette_in_mano = 0;
+        for (const auto& d : dorso)
+            if (d.tag != 0) {
+                ++in_mano;
+                if (sette(d.tag)) ++sette_in_mano;
+            }
+        for (;;) {
+            slot = static_cast<std::int16_t>(std::floor(static_cast<double>(piattaforma.casuale.Rnd()) * 3));
+            if (dorso[slot].tag == 0) continue;
+            carta_giocata = dorso[slot].tag;
+            if (in_mano == 1) break;
+            if (sette_in_mano == in_mano) {
+                // Only sevens: any but the seven of coins.
+                if (carta_giocata == settebello_carta) continue;
+                break;
+            }
+            if (sette(carta_giocata)) continue;
+            break;
+        }
+        valore_giocata = static_cast<std::int16_t>(valore(carta_giocata));
+        quante = 0;
+        somma = 0;
+    }
+
+    // The card is shown on the spot of the card in play; the capture's red
+    // outlines are already on the table.
+    piattaforma.MMCw.Command("Play");
+    piattaforma.MMCw.From(0);
+    posx = dorso[slot].Left;
+    posy = dorso[slot].Top;
+    finestra.BoxFilled(posx - 1, posy - 1, posx + larghezza_carta + 1, posy + altezza_carta + 1, verde_tavolo);
+    auto& giocata = carta[carta_giocata];
+    giocata.Left = meta_larghezza + 178;
+    giocata.Top = meta_altezza - altezza_carta / 2;
+    finestra.PaintPicture(faccia(carta_giocata), giocata.Left, giocata.Top, larghezza_carta, altezza_carta);
+    dorso[slot].tag = 0;
+    co_await ritardo(2);
+}
+
+}  // namespace lesta

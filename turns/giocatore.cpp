@@ -1,0 +1,95 @@
+// The player's side of a turn: the wait for a hand card, and the one click
+// handler of the table. The handler never calls the game: it changes the
+// turn's fields, and the routine that waits sees the change.
+
+#include <cmath>
+
+#include "match/frmlesta.h"
+
+namespace lesta {
+
+namespace {
+
+// The hit areas of the three hand slots stand at fixed places, a pitch of 64
+// apart; only their size follows the card size. Where wider cards make them
+// overlap, the slot further right wins, as its card is painted on top.
+constexpr float basso_mano = 504.7f;
+constexpr std::array<float, 4> sinistra_mano{0, 307, 371, 435};
+
+void carta_della_mano(Frmlesta& f, float X, float Y) {
+    // One turn plays one card: a click queued behind the one that played
+    // still finds "gioco1", and is dropped here until the next turn clears
+    // the card in play.
+    if (f.carta_giocata != 0) return;
+
+    f.slot = 0;
+    if (Y > basso_mano && Y < f.altezza_carta + basso_mano) {
+        for (std::int16_t k = 1; k <= 3; ++k)
+            if (X > sinistra_mano[k] && X < f.larghezza_carta + sinistra_mano[k]) f.slot = k;
+    }
+    if (f.slot == 0 || f.giocate[f.slot] != 0) return;
+
+    f.giocate[f.slot] = 1;
+    f.carta_giocata = f.mod.mazzo[f.posizione_mazzo + f.slot - 3];
+    f.valore_giocata = static_cast<std::int16_t>(valore(f.carta_giocata));
+
+    f.piattaforma.MMCw.Command("Play");
+    f.piattaforma.MMCw.From(0);
+
+    // The card leaves the hand for the spot of the card in play.
+    auto& scelta = f.carta[f.carta_giocata];
+    f.posx = scelta.Left;
+    f.posy = scelta.Top;
+    f.finestra.BoxFilled(f.posx - 1, f.posy - 1, f.posx + f.larghezza_carta + 1, f.posy + f.altezza_carta + 1,
+                         verde_tavolo);
+    scelta.Left = f.meta_larghezza + 178;
+    scelta.Top = f.meta_altezza - f.altezza_carta / 2;
+    f.finestra.PaintPicture(faccia(f.carta_giocata), scelta.Left, scelta.Top, f.larghezza_carta, f.altezza_carta);
+}
+
+// A click on a table card selects it, with a red outline, or drops it from
+// the selection. No rule applies here: the turn's check judges the marks.
+void carta_del_tavolo(Frmlesta& f, float X, float Y) {
+    f.riga = std::floor((Y - f.tavoloy) / (f.altezza_carta + 6)) + 1;
+    f.colonna = std::floor((X - f.tavolox) / (f.larghezza_carta + 6)) + 1;
+    if (f.riga < 1 || f.riga > 3 || f.colonna < 1 || f.colonna > 4) return;
+
+    const Carta c = f.tavolo[static_cast<std::size_t>(f.riga)][static_cast<std::size_t>(f.colonna)];
+    // An empty cell shows the table and never gets past the colour test; on a
+    // window that cannot tell, it is dropped here.
+    if (c == 0) return;
+    auto& scelta = f.carta[c];
+    f.posx = scelta.Left;
+    f.posy = scelta.Top;
+    if (scelta.tag == Tag::SEL) {
+        scelta.tag = Tag::vuoto;
+        f.finestra.PaintPicture(faccia(c), f.posx, f.posy, f.larghezza_carta, f.altezza_carta);
+    } else {
+        f.finestra.Box(f.posx + 3, f.posy + 3, f.posx + f.larghezza_carta - 3, f.posy + f.altezza_carta - 3, rosso);
+        scelta.tag = Tag::SEL;
+    }
+}
+
+}  // namespace
+
+Task Frmlesta::gioco1() {
+    modo = Modo::gioco1;
+    co_await finche(piattaforma.orologio, [this] { return carta_giocata != 0; });
+    ++mosse;
+}
+
+void Frmlesta::Form_MouseDown(float X, float Y) {
+    // Any click closes the help panels.
+    for (auto pannello : {Controllo::Text2, Controllo::Text3, Controllo::Text4}) Visible(pannello, false);
+
+    // Bare table, or the table colour in the rounded corner of a card.
+    if (static_cast<std::int32_t>(finestra.Point(X, Y)) == sfondo) return;
+
+    switch (modo) {
+        case Modo::gioco1: carta_della_mano(*this, X, Y); break;
+        case Modo::selezione: carta_del_tavolo(*this, X, Y); break;
+        case Modo::vuoto: break;
+    }
+}
+
+}  // namespace lesta

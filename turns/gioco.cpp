@@ -1,0 +1,141 @@
+// A hand, from the first deal on the table to both piles listed for the
+// score: the sides take turns, the side that did not deal leads every deal,
+// a new deal follows every sixth turn, and the side that captured last takes
+// what is left on the table.
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "match/frmlesta.h"
+
+namespace lesta {
+
+namespace {
+
+// The running score of a match, in a box at the right edge of the table.
+void punteggio(Frmlesta& f) {
+    auto& finestra = f.finestra;
+    const float X = 2 * f.meta_larghezza, H = f.meta_altezza;
+    finestra.BoxFilled(X - 110, H - 30, X - 5, H + 50, nero);
+    finestra.Box(X - 109, H - 29, X - 6, H + 49, giallo);
+
+    // Numbers are written with a leading blank where a sign would go.
+    auto numero = [](int n) { return " " + std::to_string(n); };
+    const float riga = finestra.TextHeight();
+    float y = H - 25;
+    finestra.Print(X - 105, y, numero(f.mod.partite / 10 + 1) + "^Game", bianco);
+    y += 2 * riga;  // and an empty line
+    finestra.Print(X - 105, y, "You   Computer", bianco);
+    y += riga;
+    finestra.Print(X - 100, y,
+                   numero(f.mod.punti_giocatore) + std::string(14, ' ') + numero(f.mod.punti_computer), bianco);
+}
+
+}  // namespace
+
+Task Frmlesta::gioco() {
+    prese.fill(0);
+    giocate.fill(0);
+    for (auto luce : {Verde(0), Rosso(0)}) Move(luce, 620, 600 - altezza_carta / 2 - 32);
+    for (auto luce : {Verde(1), Rosso(1)}) Move(luce, 620, altezza_carta / 2);
+    mosse = 0;
+    mod.numdenari = 0;
+    mod.numcarte = 0;
+    mod.leste[1] = 0;
+    mod.leste[2] = 0;
+    // Every hand of a match but the first shows the running score.
+    if (mod.tipo_partita != 0 && mod.partite >= 2) {
+        punteggio(*this);
+    } else {
+        mod.punti_giocatore = 0;
+        mod.punti_computer = 0;
+    }
+    if (canzone != 0) Quadro_Song();
+
+    // The side that did not deal leads each deal, so the dealer plays the
+    // sixth card of each.
+    const int primo = mod.mazziere == 1 ? 2 : 1;
+    int lato = primo;
+    for (;;) {
+        if (lato == 1) {
+            turno = 1;
+            carta_giocata = 0;
+            valore_giocata = 0;
+            quante = 0;
+            somma = 0;
+            ZOrder(Verde(0));
+            ZOrder(Rosso(1));
+            co_await gioco1();
+            co_await verifica();
+            co_await muovicarte();
+        } else {
+            turno = 2;
+            carta_giocata = 0;
+            valore_giocata = 0;
+            quante = 0;
+            somma = 0;
+            ZOrder(Verde(1));
+            ZOrder(Rosso(0));
+            co_await ritardo(1);
+            co_await gioco2();
+            // Counted before the move, so that the move knows the last card
+            // of the hand on either side.
+            ++mosse;
+            co_await muovicarte();
+        }
+        lato = 3 - lato;
+
+        if (mosse != 6) continue;
+        co_await ritardo(1);
+        if (posizione_mazzo == 22) break;
+        mosse = 0;
+        giocate.fill(0);
+        daicarte();
+        if (posizione_mazzo == 22) {
+            // The last deal: the deck is gone from the side of the dealer, who
+            // played last.
+            const auto y = static_cast<float>(pilay[turno]);
+            finestra.BoxFilled(680, y, 680 + larghezza_carta, y + altezza_carta, verde_tavolo);
+        }
+        lato = primo;
+    }
+
+    // What is left on the table goes to the side that captured last, even if
+    // the other side played after that capture. It is no sweep: the count of
+    // the deck and the moves is 28 now.
+    quante = 0;
+    for (int r = 1; r <= 3; ++r)
+        for (int k = 1; k <= 4; ++k)
+            if (const Carta c = tavolo[r][k]; c != 0) {
+                ++quante;
+                presa[quante] = c;
+                presax[quante] = static_cast<std::int16_t>(std::nearbyint(carta[c].Left));
+                presay[quante] = static_cast<std::int16_t>(std::nearbyint(carta[c].Top));
+            }
+    turno = ultima_presa;
+    if (vuote != 12) co_await muovicarte();
+
+    // Both piles for the score: the player's cards ascending, then the
+    // computer's, which are all the others.
+    auto& carte = mod.carte;
+    mod.settebello = falso;
+    mod.numcarte = 0;
+    for (Carta c = 1; c <= 40; ++c)
+        if (prese[c] != 0) carte[++mod.numcarte] = c;
+    for (int i = 1; i <= mod.numcarte; ++i) {
+        if (carte[i] < 11) ++mod.numdenari;
+        if (carte[i] == settebello_carta) mod.settebello = vero;
+    }
+    const auto prime = carte.begin() + 1, fine_prime = prime + mod.numcarte;
+    int k = 0;
+    for (Carta c = 1; c <= 40; ++c)
+        if (std::find(prime, fine_prime, c) == fine_prime) carte[mod.numcarte + ++k] = c;
+
+    calcsettanta();
+    // The table stays on view a moment before the score sheet comes up.
+    co_await ritardo(5);
+    piattaforma.programma.Show_frmscore();
+}
+
+}  // namespace lesta

@@ -4,7 +4,7 @@
 // fixes a whole run. A test may put draws of its own in front of the stream.
 
 #include <cstdint>
-#include <deque>
+#include <vector>
 #include <random>
 
 #include "match/casuale.h"
@@ -18,11 +18,7 @@ public:
     void Randomize() override { ++semine_; }
     float Rnd() override {
         ++estrazioni_;
-        if (!davanti_.empty()) {
-            const float u = davanti_.front();
-            davanti_.pop_front();
-            return u;
-        }
+        if (prossima_ < davanti_.size()) return davanti_[prossima_++];
         // 24 random bits: every float the result can be is equally likely.
         return static_cast<float>(generatore_() >> 8) * (1.0f / 16777216.0f);
     }
@@ -33,7 +29,8 @@ public:
 
 private:
     std::mt19937 generatore_;
-    std::deque<float> davanti_;
+    std::vector<float> davanti_;  // the scripted draws; those before prossima_ are used up
+    std::size_t prossima_ = 0;
     int semine_ = 0;
     int estrazioni_ = 0;
 };

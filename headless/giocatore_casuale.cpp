@@ -4,33 +4,40 @@
 
 namespace lesta {
 
-std::vector<std::vector<Carta>> GiocatoreCasuale::selezioni_lecite(const Frmlesta& f) {
-    const int v = f.valore_giocata;
-    std::vector<Carta> uguali, minori;
+bool GiocatoreCasuale::scegli_selezione() {
+    const int v = f_.valore_giocata;
+    std::array<Carta, 12> uguali{}, minori{};
+    int n_uguali = 0, n_minori = 0;
     for (int r = 1; r <= 3; ++r)
         for (int k = 1; k <= 4; ++k)
-            if (const Carta c = f.tavolo[r][k]; c != 0) {
-                if (valore(c) == v) uguali.push_back(c);
-                if (valore(c) < v) minori.push_back(c);
+            if (const Carta c = f_.tavolo[r][k]; c != 0) {
+                if (valore(c) == v) uguali[n_uguali++] = c;
+                if (valore(c) < v) minori[n_minori++] = c;
             }
-    std::vector<std::vector<Carta>> selezioni;
-    if (!uguali.empty()) {
-        for (Carta c : uguali) selezioni.push_back({c});
-        return selezioni;
+    if (n_uguali > 0) {
+        da_scegliere_[0] = uguali[a_caso(n_uguali)];
+        restanti_ = 1;
+        return true;
     }
-    // A sum needs two cards or more, each of lower value.
-    const unsigned n = static_cast<unsigned>(minori.size());
-    for (unsigned m = 1; m < (1u << n); ++m) {
+    // A sum needs two cards or more, each of lower value: count the sets
+    // whose values add up to the card's, then take one of them at random.
+    auto somma_giusta = [&](unsigned m) {
         int somma = 0;
-        std::vector<Carta> scelta;
-        for (unsigned i = 0; i < n; ++i)
-            if (m >> i & 1u) {
-                somma += valore(minori[i]);
-                scelta.push_back(minori[i]);
-            }
-        if (somma == v && scelta.size() >= 2) selezioni.push_back(std::move(scelta));
+        for (int i = 0; i < n_minori; ++i)
+            if (m >> i & 1u) somma += valore(minori[i]);
+        return somma == v && (m & (m - 1)) != 0;
+    };
+    const unsigned tutte = 1u << n_minori;
+    int lecite = 0;
+    for (unsigned m = 1; m < tutte; ++m) lecite += somma_giusta(m);
+    if (lecite == 0) return false;
+    for (unsigned m = 1, scelta = static_cast<unsigned>(a_caso(lecite));; ++m) {
+        if (!somma_giusta(m) || scelta-- != 0) continue;
+        restanti_ = 0;
+        for (int i = 0; i < n_minori; ++i)
+            if (m >> i & 1u) da_scegliere_[static_cast<std::size_t>(restanti_++)] = minori[i];
+        return true;
     }
-    return selezioni;
 }
 
 void GiocatoreCasuale::clic_mano(int slot) {
@@ -45,22 +52,17 @@ void GiocatoreCasuale::clic_tavolo(Carta c) {
 
 bool GiocatoreCasuale::clic() {
     if (f_.modo == Modo::gioco1 && f_.carta_giocata == 0) {
-        std::vector<int> libere;
+        std::array<int, 3> libere{};
+        int n = 0;
         for (int k = 1; k <= 3; ++k)
-            if (f_.giocate[k] == 0) libere.push_back(k);
-        if (libere.empty()) return false;
-        clic_mano(libere[std::uniform_int_distribution<std::size_t>(0, libere.size() - 1)(caso_)]);
+            if (f_.giocate[k] == 0) libere[static_cast<std::size_t>(n++)] = k;
+        if (n == 0) return false;
+        clic_mano(libere[static_cast<std::size_t>(a_caso(n))]);
         return true;
     }
     if (f_.modo == Modo::selezione) {
-        if (da_scegliere_.empty()) {
-            const auto selezioni = selezioni_lecite(f_);
-            if (selezioni.empty()) return false;
-            da_scegliere_ = selezioni[std::uniform_int_distribution<std::size_t>(0, selezioni.size() - 1)(caso_)];
-        }
-        const Carta c = da_scegliere_.back();
-        da_scegliere_.pop_back();
-        clic_tavolo(c);
+        if (restanti_ == 0 && !scegli_selezione()) return false;
+        clic_tavolo(da_scegliere_[static_cast<std::size_t>(--restanti_)]);
         return true;
     }
     return false;

@@ -5,9 +5,9 @@
 // value when there is one, otherwise any set of table cards whose values add
 // up to the card's.
 
+#include <array>
 #include <cstdint>
 #include <random>
-#include <vector>
 
 #include "match/frmlesta.h"
 
@@ -21,16 +21,17 @@ public:
     // nothing a player can give.
     bool clic();
 
-    // The legal selections for the card in play on the table as it is.
-    static std::vector<std::vector<Carta>> selezioni_lecite(const Frmlesta& f);
-
 private:
+    int a_caso(int n) { return std::uniform_int_distribution<int>(0, n - 1)(caso_); }
+    // Chooses the selection to make for the card in play; false if none is legal.
+    bool scegli_selezione();
     void clic_mano(int slot);
     void clic_tavolo(Carta c);
 
     Frmlesta& f_;
     std::mt19937 caso_;
-    std::vector<Carta> da_scegliere_;  // the rest of the selection being made
+    std::array<Carta, 12> da_scegliere_{};  // the rest of the selection being made
+    int restanti_ = 0;
 };
 
 }  // namespace lesta

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "table/controllo_figura.h"
 #include "table/immagini.h"
 #include "table/superficie_qt.h"
 
@@ -22,33 +23,6 @@ namespace {
 constexpr int larghezza_disegno = 1024;
 constexpr int altezza_disegno = 799;
 
-// The face of a card, stretched to the image's rectangle.
-class CartaImmagine final : public QWidget {
-public:
-    CartaImmagine(Immagini& immagini, QWidget* genitore) : QWidget(genitore), immagini_(immagini) {
-        setAttribute(Qt::WA_TransparentForMouseEvents);
-    }
-    void carta(int c) {
-        if (c == carta_) return;
-        carta_ = c;
-        update();
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        if (carta_ < 1 || carta_ > 40) return;
-        const qreal dpr = devicePixelRatioF();
-        const QSize pixel(static_cast<int>(std::lround(width() * dpr)), static_cast<int>(std::lround(height() * dpr)));
-        if (pixel.isEmpty()) return;
-        QImage figura = immagini_.immagine(faccia(carta_), pixel);
-        figura.setDevicePixelRatio(dpr);
-        QPainter(this).drawImage(QPoint(0, 0), figura);
-    }
-
-private:
-    Immagini& immagini_;
-    int carta_ = 0;
-};
 
 QString testo_qt(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())); }
 
@@ -72,7 +46,8 @@ FinestraPunteggioQt::FinestraPunteggioQt(Immagini& immagini, ModLesta& mod, QWid
     // The images stand over the title strip, so they are made before any
     // label and every label is stacked under them.
     for (int i = 1; i <= 8; ++i) {
-        auto* im = new CartaImmagine(immagini_, superficie_);
+        auto* im = new ControlloFigura(immagini_, std::nullopt, superficie_);
+        im->setAttribute(Qt::WA_TransparentForMouseEvents);
         im->hide();
         immagini_carte_[static_cast<std::size_t>(i)] = im;
     }
@@ -88,26 +63,6 @@ FinestraPunteggioQt::FinestraPunteggioQt(Immagini& immagini, ModLesta& mod, QWid
 }
 
 FinestraPunteggioQt::~FinestraPunteggioQt() = default;
-
-// ---- the surface ----
-void FinestraPunteggioQt::Cls() { superficie_->Cls(); }
-void FinestraPunteggioQt::BackColor(Colore colore) { superficie_->BackColor(colore); }
-Colore FinestraPunteggioQt::BackColor() const { return superficie_->BackColor(); }
-void FinestraPunteggioQt::Line(float x1, float y1, float x2, float y2, Colore c) {
-    superficie_->Line(x1, y1, x2, y2, c);
-}
-void FinestraPunteggioQt::Box(float x1, float y1, float x2, float y2, Colore c) { superficie_->Box(x1, y1, x2, y2, c); }
-void FinestraPunteggioQt::BoxFilled(float x1, float y1, float x2, float y2, Colore c) {
-    superficie_->BoxFilled(x1, y1, x2, y2, c);
-}
-void FinestraPunteggioQt::PaintPicture(Figura f, float x, float y, float w, float h) {
-    superficie_->PaintPicture(f, x, y, w, h);
-}
-Colore FinestraPunteggioQt::Point(float x, float y) const { return superficie_->Point(x, y); }
-void FinestraPunteggioQt::Print(float x, float y, std::string_view testo, Colore c) {
-    superficie_->Print(x, y, testo, c);
-}
-float FinestraPunteggioQt::TextHeight() const { return superficie_->TextHeight(); }
 
 // ---- the controls ----
 
@@ -148,8 +103,8 @@ void FinestraPunteggioQt::etichetta_distrutta(int indice) {
 void FinestraPunteggioQt::imgset_cambiata(int indice, const Immagine& immagine) {
     if (indice < 1 || indice > 8) return;
     stato_immagini_[static_cast<std::size_t>(indice)] = immagine;
-    auto* im = static_cast<CartaImmagine*>(immagini_carte_[static_cast<std::size_t>(indice)]);
-    im->carta(immagine.carta);
+    auto* im = static_cast<ControlloFigura*>(immagini_carte_[static_cast<std::size_t>(indice)]);
+    im->figura(immagine.carta >= 1 && immagine.carta <= 40 ? std::optional(faccia(immagine.carta)) : std::nullopt);
     posiziona_immagine(indice);
     im->setVisible(immagine.Visible);
 }

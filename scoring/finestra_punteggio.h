@@ -15,6 +15,7 @@
 #include <utility>
 
 #include "scoring/frmscore.h"
+#include "table/su_superficie_qt.h"
 
 class QLabel;
 class QPushButton;
@@ -22,9 +23,9 @@ class QPushButton;
 namespace lesta {
 
 class Immagini;
-class SuperficieQt;
 
-class FinestraPunteggioQt final : public QWidget, public FinestraPunteggio {
+
+class FinestraPunteggioQt final : public QWidget, public SuSuperficieQt<FinestraPunteggio> {
     Q_OBJECT
 public:
     // Builds and loads the window (Form_Load); it is not shown.
@@ -32,18 +33,6 @@ public:
     ~FinestraPunteggioQt() override;
 
     Frmscore& frm() { return frm_; }
-
-    // ---- the surface ----
-    void Cls() override;
-    void BackColor(Colore colore) override;
-    Colore BackColor() const override;
-    void Line(float x1, float y1, float x2, float y2, Colore colore) override;
-    void Box(float x1, float y1, float x2, float y2, Colore colore) override;
-    void BoxFilled(float x1, float y1, float x2, float y2, Colore colore) override;
-    void PaintPicture(Figura figura, float x, float y, float w, float h) override;
-    Colore Point(float x, float y) const override;
-    void Print(float x, float y, std::string_view testo, Colore colore) override;
-    float TextHeight() const override;
 
     // ---- the controls ----
     void etichetta_cambiata(QualeEtichetta quale, const Etichetta& etichetta) override;
@@ -61,7 +50,7 @@ public:
     void End() override { emit fine(); }
 
     // ---- for tests ----
-    SuperficieQt& superficie() { return *superficie_; }
+    SuperficieQt& superficie() const override { return *superficie_; }
     QLabel* etichetta(QualeEtichetta quale) const;
     QWidget* immagine(int indice) const;
     QPushButton* bottone(int indice) const;

@@ -18,6 +18,7 @@
 #include <QWindow>
 #include <cmath>
 
+#include "table/controllo_figura.h"
 #include "table/immagini.h"
 #include "table/testi_aiuto.h"
 #include "table/superficie_qt.h"
@@ -27,27 +28,6 @@ namespace lesta {
 namespace {
 
 QString css(Colore c) { return colore_qt(c).name(); }
-
-// A control that shows one of the game's pictures, rendered at its own size.
-class ControlloFigura final : public QWidget {
-public:
-    ControlloFigura(Immagini& immagini, Figura figura, QWidget* genitore)
-        : QWidget(genitore), immagini_(immagini), figura_(figura) {}
-
-protected:
-    void paintEvent(QPaintEvent*) override {
-        const qreal dpr = devicePixelRatioF();
-        const QSize pixel(static_cast<int>(std::lround(width() * dpr)), static_cast<int>(std::lround(height() * dpr)));
-        if (pixel.isEmpty()) return;
-        QImage figura = immagini_.immagine(figura_, pixel);
-        figura.setDevicePixelRatio(dpr);
-        QPainter(this).drawImage(QPoint(0, 0), figura);
-    }
-
-private:
-    Immagini& immagini_;
-    Figura figura_;
-};
 
 // The frame round the match choice: a rounded outline, clear inside.
 class Cornice final : public QWidget {
@@ -197,22 +177,6 @@ void FinestraTavolo::crea_menu() {
     esci_ = barra->addAction(QStringLiteral("&QUIT"));
     connect(esci_, &QAction::triggered, this, &FinestraTavolo::esci);
 }
-
-// ---- the surface ----
-void FinestraTavolo::Cls() { superficie_->Cls(); }
-void FinestraTavolo::BackColor(Colore colore) { superficie_->BackColor(colore); }
-Colore FinestraTavolo::BackColor() const { return superficie_->BackColor(); }
-void FinestraTavolo::Line(float x1, float y1, float x2, float y2, Colore c) { superficie_->Line(x1, y1, x2, y2, c); }
-void FinestraTavolo::Box(float x1, float y1, float x2, float y2, Colore c) { superficie_->Box(x1, y1, x2, y2, c); }
-void FinestraTavolo::BoxFilled(float x1, float y1, float x2, float y2, Colore c) {
-    superficie_->BoxFilled(x1, y1, x2, y2, c);
-}
-void FinestraTavolo::PaintPicture(Figura f, float x, float y, float w, float h) {
-    superficie_->PaintPicture(f, x, y, w, h);
-}
-Colore FinestraTavolo::Point(float x, float y) const { return superficie_->Point(x, y); }
-void FinestraTavolo::Print(float x, float y, std::string_view testo, Colore c) { superficie_->Print(x, y, testo, c); }
-float FinestraTavolo::TextHeight() const { return superficie_->TextHeight(); }
 
 // ---- the controls ----
 void FinestraTavolo::controllo_cambiato(Controllo c, const Rett& r, bool visibile, bool in_primo_piano) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "table/finestra.h"
+#include "table/su_superficie_qt.h"
 
 class QAction;
 class QButtonGroup;
@@ -17,31 +18,21 @@ class QMenu;
 namespace lesta {
 
 class Immagini;
-class SuperficieQt;
 
-class FinestraTavolo final : public QMainWindow, public Finestra {
+
+class FinestraTavolo final : public QMainWindow, public SuSuperficieQt<Finestra> {
     Q_OBJECT
 public:
     explicit FinestraTavolo(Immagini& immagini);
 
     // ---- what the game draws ----
-    void Cls() override;
-    void BackColor(Colore colore) override;
-    Colore BackColor() const override;
-    void Line(float x1, float y1, float x2, float y2, Colore colore) override;
-    void Box(float x1, float y1, float x2, float y2, Colore colore) override;
-    void BoxFilled(float x1, float y1, float x2, float y2, Colore colore) override;
-    void PaintPicture(Figura figura, float x, float y, float w, float h) override;
-    Colore Point(float x, float y) const override;
-    void Print(float x, float y, std::string_view testo, Colore colore) override;
-    float TextHeight() const override;
     void controllo_cambiato(Controllo c, const Rett& r, bool visibile, bool in_primo_piano) override;
     void spunta(Voce voce, int indice, bool spuntata) override;
     void voce_canzone(int indice, std::string_view titolo) override;
     void caption(Controllo c, std::string_view testo) override;
     int larghezza_pixel() const override;
 
-    SuperficieQt& superficie() { return *superficie_; }
+    SuperficieQt& superficie() const override { return *superficie_; }
     QWidget* widget(Controllo c) const { return widget_[static_cast<std::size_t>(c)]; }
     QAction* voce_velocita(int indice) const { return velocita_[static_cast<std::size_t>(indice)]; }
     QAction* voce_esci() const { return esci_; }

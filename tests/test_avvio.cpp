@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <tuple>
 #include <vector>
 
 #include "banco.h"
@@ -35,19 +36,6 @@ TEST(Caricamento, TheFirstDealerIsDrawnOnceFromTheSecondHalfOfTheUnitForTheCompu
         EXPECT_EQ(b.mod.mazziere, mazziere) << u;
         EXPECT_EQ(b.casuale.estrazioni(), 1);
     }
-}
-
-TEST(Caricamento, TheMaskTableHoldsTheDigitsOfEachMasksBits) {
-    Banco b;
-    b.frm.Form_Load();
-    auto voce = [&](int m) { return std::string(b.frm.combinazioni[m].data(), 8); };
-    EXPECT_EQ(voce(1), "10000000");
-    EXPECT_EQ(voce(3), "12000000");
-    EXPECT_EQ(voce(5), "10300000");
-    EXPECT_EQ(voce(128), "00000008");
-    EXPECT_EQ(voce(255), "12345678");
-    for (int m = 1; m <= 255; ++m)
-        for (int p = 0; p < 8; ++p) ASSERT_EQ(voce(m)[p] != '0', ((m >> p) & 1) == 1) << m;
 }
 
 class Avvio : public ::testing::Test {
@@ -90,12 +78,9 @@ TEST_F(Avvio, TheFirstActivationWaitsOnTheStartPanel) {
 
     // The panel: blue, in a black outline, on the pink ground.
     EXPECT_EQ(b.finestra.BackColor(), rosa_pannello);
-    EXPECT_EQ(b.finestra.Point(400, 300), blu);
-    EXPECT_EQ(b.finestra.Point(201, 51), blu);
-    EXPECT_EQ(b.finestra.Point(198, 48), nero);
-    EXPECT_EQ(b.finestra.Point(602, 412), nero);
-    EXPECT_EQ(b.finestra.Point(100, 300), rosa_pannello);
-    EXPECT_EQ(b.finestra.Point(605, 300), rosa_pannello);
+    for (auto [x, y, colore] : {std::tuple{201.f, 51.f, blu}, {198.f, 48.f, nero}, {602.f, 412.f, nero},
+                                {100.f, 300.f, rosa_pannello}, {605.f, 300.f, rosa_pannello}})
+        EXPECT_EQ(b.finestra.Point(x, y), colore) << x << "," << y;
 
     // The title at half size under the choice.
     const Rett& titolo = b.frm.rett(Controllo::testo);
@@ -104,15 +89,12 @@ TEST_F(Avvio, TheFirstActivationWaitsOnTheStartPanel) {
               static_cast<int>(Figura::Titolo));
     EXPECT_FALSE(b.frm.Visible(Controllo::testo));
 
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_TRUE(b.frm.Visible(Option1(i)));
-        EXPECT_FLOAT_EQ(b.frm.rett(Option1(i)).top, 100.0f + 30.0f * static_cast<float>(i));
-        EXPECT_FLOAT_EQ(b.frm.rett(Option1(i)).left + b.frm.rett(Option1(i)).width / 2, 400);
+    for (auto [c, alto] : {std::pair{Option1(0), 100.f}, {Option1(1), 130.f}, {Option1(2), 160.f},
+                           {Controllo::GO, 300.f}, {Controllo::Shape1, 90.f}}) {
+        EXPECT_TRUE(b.frm.Visible(c));
+        EXPECT_FLOAT_EQ(b.frm.rett(c).top, alto);
+        EXPECT_FLOAT_EQ(b.frm.rett(c).left + b.frm.rett(c).width / 2, 400);
     }
-    EXPECT_TRUE(b.frm.Visible(Controllo::GO));
-    EXPECT_FLOAT_EQ(b.frm.rett(Controllo::GO).top, 300);
-    EXPECT_TRUE(b.frm.Visible(Controllo::Shape1));
-    EXPECT_FLOAT_EQ(b.frm.rett(Controllo::Shape1).top, 90);
 
     // Nothing but GO ends the wait: a choice of match does not.
     b.frm.Option1_Click(1);
@@ -206,16 +188,6 @@ TEST_F(Avvio, AfterNewGameThePanelShowsAgainAndTheMatchChoiceStays) {
     EXPECT_EQ(b.mod.tipo_partita, 2);
 }
 
-TEST_F(Avvio, GoClosesTheHelpPanels) {
-    attiva();
-    b.frm.Visible(Controllo::Text2, true);
-    b.frm.Visible(Controllo::Text4, true);
-    b.frm.GO_Click();
-    EXPECT_FALSE(b.frm.Visible(Controllo::Text2));
-    EXPECT_FALSE(b.frm.Visible(Controllo::Text4));
-    EXPECT_FLOAT_EQ(b.frm.rett(Controllo::Text3).left, 5);
-    EXPECT_FLOAT_EQ(b.frm.rett(Controllo::Text3).top, 0);
-}
 
 // ---- the shuffle ----
 
@@ -303,18 +275,6 @@ TEST(Ritardo, AUnitIs6500MillisecondsOverTheSpeedCutToWholeMilliseconds) {
         EXPECT_EQ(b.orologio.pause(), 1);
         EXPECT_TRUE(b.frm.scattato);
     }
-}
-
-// ---- the wipe ----
-
-TEST(Sipario, TheWipeLeavesTheWholeSurfaceAndTheGroundInItsColour) {
-    FinestraRaster finestra;
-    finestra.PaintPicture(faccia(7), 100, 100, 60, 110);
-    finestra.BoxFilled(300, 300, 500, 500, rosso);
-    sipario(finestra, 0xF5AAA0);
-    EXPECT_EQ(finestra.BackColor(), 0xF5AAA0u);
-    for (float x = 0; x < 800; x += 7.5f)
-        for (float y = 0; y < 600; y += 7.5f) ASSERT_EQ(finestra.Point(x, y), 0xF5AAA0u) << x << "," << y;
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
-// The points of a hand and the match: the five score lines and the sheet's
-// texts, the totals and their colours, the deal passed on, the count of
-// hands, the end of a match, and the buttons.
+// The score sheet without a screen: the five score lines and their texts,
+// the totals and their colours, the deal passed on, the count of hands, the
+// end of a match, the buttons, and every label's index, place and look.
 
 #include <gtest/gtest.h>
 
@@ -14,376 +14,226 @@
 namespace lesta {
 namespace {
 
-// A hand as gioco and calcsettanta leave it for the sheet.
-struct Mano {
-    int numcarte = 20, numdenari = 5, vince_settanta = 0;
-    bool settebello = true;
-    int leste1 = 0, leste2 = 0;
-};
+// A hand as gioco and calcsettanta leave it: cards and coins of the player,
+// the primiera's winner, the seven, the sweeps of each side.
+struct Mano { int carte, denari, primiera; bool sette; int leste1, leste2; };
+using Testi = std::array<std::string, 10>;  // the player's five cells, then the computer's
 
-// The sheet loaded, as at the first start of the program.
+// One point to the player for the seven, and the rest in sweeps.
+Mano punti(int giocatore, int computer) { return {20, 5, 0, true, giocatore - 1, computer}; }
+
+// The sheet loaded, in a match of this kind with these totals.
 struct Foglio {
-    Foglio() { frm.Form_Load(); }
-
-    // The end of a hand: the sheet comes up and is filled.
+    explicit Foglio(int tipo, int giocatore = 0, int computer = 0) {
+        mod.tipo_partita = static_cast<std::uint8_t>(tipo);
+        mod.punti_giocatore = static_cast<std::uint8_t>(giocatore);
+        mod.punti_computer = static_cast<std::uint8_t>(computer);
+        frm.Form_Load();
+    }
+    // Answers the sheet before, then the sheet comes up and is filled.
     void fine_mano(const Mano& m) {
-        mod.numcarte = static_cast<std::int16_t>(m.numcarte);
-        mod.numdenari = static_cast<std::int16_t>(m.numdenari);
-        mod.vince_settanta = static_cast<std::uint8_t>(m.vince_settanta);
-        mod.settebello = m.settebello;
+        frm.Command1_Click();
+        mod.numcarte = static_cast<std::int16_t>(m.carte);
+        mod.numdenari = static_cast<std::int16_t>(m.denari);
+        mod.vince_settanta = static_cast<std::uint8_t>(m.primiera);
+        mod.settebello = m.sette;
         mod.leste = {0, static_cast<std::int16_t>(m.leste1), static_cast<std::int16_t>(m.leste2)};
         frm.Show();
     }
-    // The player's five cells of a hand's row, and the computer's.
-    std::array<std::string, 5> riga(int mano, int lato) const {
-        std::array<std::string, 5> r;
-        for (int k = 0; k < 5; ++k) r[static_cast<std::size_t>(k)] = finestra.LBLdat.at(10 * mano + 13 + 5 * (lato - 1) + k).Caption;
-        return r;
-    }
+    std::string cella(int i) const { return finestra.LBLdat.at(i).Caption; }
+    std::array<int, 2> totali() const { return {mod.punti_giocatore, mod.punti_computer}; }
 
     ModLesta mod;
     PunteggioSenzaSchermo finestra;
     Frmscore frm{finestra, mod};
 };
 
-TEST(CinqueLinee, EachHandGivesItsPointsAndTheSheetReadsThem) {
+TEST(CinqueLinee, EachHandsPointsAndTexts) {
     struct Riga {
-        const char* nome;
         Mano mano;
-        int punti_giocatore, punti_computer;
-        std::array<std::string, 5> giocatore, computer;
+        int giocatore, computer;
+        Testi testi;
     };
     const std::vector<Riga> righe = {
-        {"23 cards, 6 coins, a tied primiera, the seven, sweeps 1 and 2",
-         {23, 6, 0, true, 1, 2}, 4, 2,
-         {" 23", " 6", "NO", "YES", " 1"}, {" 17", " 4", "NO", "NO", " 2"}},
-        {"20 cards and 5 coins each, the seven to the player", {20, 5, 0, true, 0, 0}, 1, 0,
-         {" 20", " 5", "NO", "YES", " 0"}, {" 20", " 5", "NO", "NO", " 0"}},
-        {"20 cards and 5 coins each, the seven to the computer", {20, 5, 0, false, 0, 0}, 0, 1,
-         {" 20", " 5", "NO", "NO", " 0"}, {" 20", " 5", "NO", "YES", " 0"}},
-        {"everything to the computer", {0, 0, 2, false, 0, 0}, 0, 4,
-         {" 0", " 0", "NO", "NO", " 0"}, {" 40", " 10", "YES", "YES", " 0"}},
-        {"everything to the player, with sweeps", {40, 10, 1, true, 7, 0}, 11, 0,
-         {" 40", " 10", "YES", "YES", " 7"}, {" 0", " 0", "NO", "NO", " 0"}},
-        {"21 cards, 6 coins, the primiera, no seven", {21, 6, 1, false, 0, 3}, 3, 4,
-         {" 21", " 6", "YES", "NO", " 0"}, {" 19", " 4", "NO", "YES", " 3"}},
-        {"19 cards, 4 coins, the computer's primiera, the seven", {19, 4, 2, true, 2, 0}, 3, 3,
-         {" 19", " 4", "NO", "YES", " 2"}, {" 21", " 6", "YES", "NO", " 0"}},
-        {"21 cards, 5 coins: one point for the cards only", {21, 5, 0, false, 0, 0}, 1, 1,
-         {" 21", " 5", "NO", "NO", " 0"}, {" 19", " 5", "NO", "YES", " 0"}},
-        {"20 cards, 6 coins: one point for the coins only", {20, 6, 0, false, 0, 0}, 1, 1,
-         {" 20", " 6", "NO", "NO", " 0"}, {" 20", " 4", "NO", "YES", " 0"}},
+        {{23, 6, 0, true, 1, 2}, 4, 2, {" 23", " 6", "NO", "YES", " 1", " 17", " 4", "NO", "NO", " 2"}},
+        {{20, 5, 0, false, 0, 0}, 0, 1, {" 20", " 5", "NO", "NO", " 0", " 20", " 5", "NO", "YES", " 0"}},
+        {{0, 0, 2, false, 0, 0}, 0, 4, {" 0", " 0", "NO", "NO", " 0", " 40", " 10", "YES", "YES", " 0"}},
+        {{40, 10, 1, true, 7, 0}, 11, 0, {" 40", " 10", "YES", "YES", " 7", " 0", " 0", "NO", "NO", " 0"}},
+        {{19, 4, 2, true, 2, 0}, 3, 3, {" 19", " 4", "NO", "YES", " 2", " 21", " 6", "YES", "NO", " 0"}},
+        {{21, 5, 0, false, 0, 3}, 1, 4, {" 21", " 5", "NO", "NO", " 0", " 19", " 5", "NO", "YES", " 3"}},
+        {{20, 6, 0, false, 0, 0}, 1, 1, {" 20", " 6", "NO", "NO", " 0", " 20", " 4", "NO", "YES", " 0"}},
     };
     for (const Riga& r : righe) {
-        Foglio f;
-        // A single hand shows its own points, whatever was there before.
-        f.mod.punti_giocatore = 9;
-        f.mod.punti_computer = 5;
+        Foglio f(0, 9, 5);  // a single hand shows its own points only
         f.fine_mano(r.mano);
-        EXPECT_EQ(f.mod.punti_giocatore, r.punti_giocatore) << r.nome;
-        EXPECT_EQ(f.mod.punti_computer, r.punti_computer) << r.nome;
-        EXPECT_EQ(f.riga(0, 1), r.giocatore) << r.nome;
-        EXPECT_EQ(f.riga(0, 2), r.computer) << r.nome;
-        EXPECT_EQ(f.finestra.lblTot[0].Caption, " " + std::to_string(r.punti_giocatore)) << r.nome;
-        EXPECT_EQ(f.finestra.lblTot[1].Caption, " " + std::to_string(r.punti_computer)) << r.nome;
-        EXPECT_EQ(f.mod.command1, "NEW GAME") << r.nome;
-        EXPECT_EQ(f.finestra.captions[1], "NEW GAME") << r.nome;
-        EXPECT_EQ(f.mod.partite, 0) << r.nome;
+        const std::string dove = r.testi[0] + r.testi[1];
+        EXPECT_EQ(f.totali(), (std::array<int, 2>{r.giocatore, r.computer})) << dove;
+        for (int k = 0; k < 10; ++k) EXPECT_EQ(f.cella(13 + k), r.testi[static_cast<std::size_t>(k)]) << dove << k;
+        // No match: NEW GAME at once, no hand counted, and the deal passes.
+        EXPECT_TRUE(f.finestra.captions[1] == "NEW GAME" && f.mod.partite == 0 && f.mod.mazziere == 2) << dove;
     }
 }
 
-TEST(CinqueLinee, InAMatchTheHandsPointsAreAddedToTheTotals) {
-    Foglio f;
-    f.mod.tipo_partita = 2;
-    f.fine_mano({23, 6, 0, true, 1, 2});
-    EXPECT_EQ(f.mod.punti_giocatore, 4);
-    EXPECT_EQ(f.mod.punti_computer, 2);
-    f.frm.Command1_Click();
-    f.fine_mano({15, 3, 2, false, 0, 1});
-    EXPECT_EQ(f.mod.punti_giocatore, 4);
-    EXPECT_EQ(f.mod.punti_computer, 2 + 5);
-    EXPECT_EQ(f.finestra.lblTot[0].Caption, " 4");
-    EXPECT_EQ(f.finestra.lblTot[1].Caption, " 7");
-    // The first row is still there, under the second.
-    EXPECT_EQ(f.riga(0, 1)[0], " 23");
-    EXPECT_EQ(f.riga(1, 1)[0], " 15");
-    EXPECT_EQ(f.riga(1, 2)[0], " 25");
-}
-
-TEST(Totali, TheGreaterTotalIsRedTheOtherDarkRedAndEqualTotalsBothDarkRed) {
-    struct Riga {
-        Mano mano;
-        Colore giocatore, computer;
-    };
-    const std::vector<Riga> righe = {
-        {{23, 6, 0, true, 1, 2}, rosso, rosso_scuro},        // 4 to 2
-        {{17, 4, 0, false, 0, 0}, rosso_scuro, rosso},       // 0 to 3
-        {{21, 4, 0, true, 0, 0}, rosso, rosso_scuro},        // 2 to 1
-        {{21, 5, 0, false, 0, 0}, rosso_scuro, rosso_scuro}, // 1 to 1
-        {{20, 5, 0, true, 0, 1}, rosso_scuro, rosso_scuro},  // 1 to 1
-    };
-    for (const Riga& r : righe) {
-        Foglio f;
-        f.fine_mano(r.mano);
-        EXPECT_EQ(f.finestra.lblTot[0].ForeColor, r.giocatore) << int(f.mod.punti_giocatore) << ":" << int(f.mod.punti_computer);
-        EXPECT_EQ(f.finestra.lblTot[1].ForeColor, r.computer) << int(f.mod.punti_giocatore) << ":" << int(f.mod.punti_computer);
-        EXPECT_EQ(f.finestra.lblTot[0].BackColor, arancio_chiaro);
-        EXPECT_TRUE(f.finestra.lblTot[0].FontBold);
-        EXPECT_TRUE(f.finestra.lblTot[0].Visible);
-        EXPECT_TRUE(f.finestra.lblTot[1].Visible);
+// The lines are added one by one, cards, coins, primiera, seven, sweeps, and
+// an addition that would pass 255 does not take place.
+TEST(CinqueLinee, TheLinesAreAddedInOrderAndStopBelowAByte) {
+    for (auto [prima_, dopo] : {std::pair{253, 255}, {250, 254}, {240, 247}}) {
+        Foglio f(2, prima_);
+        f.fine_mano({30, 8, 1, true, 3, 0});
+        EXPECT_EQ(f.mod.punti_giocatore, dopo) << prima_;
     }
 }
-
-TEST(Totali, TheColoursFollowTheMatchTotalsNotTheHand) {
-    Foglio f;
-    f.mod.tipo_partita = 1;
-    f.fine_mano({40, 10, 1, true, 0, 0});  // 4 to 0
-    EXPECT_EQ(f.finestra.lblTot[0].ForeColor, rosso);
-    f.frm.Command1_Click();
-    f.fine_mano({0, 0, 2, false, 0, 0});  // 0 to 4: 4 to 4
-    EXPECT_EQ(f.finestra.lblTot[0].ForeColor, rosso_scuro);
-    EXPECT_EQ(f.finestra.lblTot[1].ForeColor, rosso_scuro);
-    f.frm.Command1_Click();
-    f.fine_mano({20, 5, 0, false, 0, 0});  // 4 to 5
-    EXPECT_EQ(f.finestra.lblTot[0].ForeColor, rosso_scuro);
-    EXPECT_EQ(f.finestra.lblTot[1].ForeColor, rosso);
-}
-
-// A hand that gives the player one point (the seven) plus his sweeps and
-// the computer its sweeps.
-Mano punti(int giocatore, int computer) { return {20, 5, 0, true, giocatore - 1, computer}; }
 
 TEST(FinePartita, TheMatchEndsWhenASideReachesTheTargetAndTheTotalsDiffer) {
     struct Riga {
-        int tipo;
-        int prima_giocatore, prima_computer;  // totals before the hand
-        int dopo_giocatore, dopo_computer;    // after it
+        int tipo, prima_g, prima_c, dopo_g, dopo_c;
         const char* caption;
     };
     const std::vector<Riga> righe = {
         {1, 10, 10, 11, 10, "NEW GAME"}, {1, 10, 10, 11, 11, "CONTINUE"}, {1, 11, 11, 13, 12, "NEW GAME"},
-        {1, 9, 9, 10, 10, "CONTINUE"},   {1, 12, 10, 14, 12, "NEW GAME"}, {1, 8, 8, 10, 11, "NEW GAME"},
-        {1, 5, 5, 7, 9, "CONTINUE"},     {1, 0, 0, 1, 0, "CONTINUE"},     {1, 12, 12, 13, 13, "CONTINUE"},
-        {2, 19, 19, 21, 20, "NEW GAME"}, {2, 19, 19, 21, 21, "CONTINUE"}, {2, 21, 21, 22, 22, "CONTINUE"},
-        {2, 22, 20, 24, 21, "NEW GAME"}, {2, 18, 19, 20, 20, "CONTINUE"}, {2, 19, 19, 20, 21, "NEW GAME"},
-        {2, 10, 9, 11, 10, "CONTINUE"},  {2, 24, 23, 25, 26, "NEW GAME"}, {2, 3, 15, 4, 20, "CONTINUE"},
+        {1, 12, 12, 13, 13, "CONTINUE"}, {1, 8, 8, 10, 11, "NEW GAME"},   {1, 9, 9, 10, 10, "CONTINUE"},
+        {1, 0, 0, 11, 0, "NEW GAME"},    {2, 19, 19, 21, 20, "NEW GAME"}, {2, 19, 19, 21, 21, "CONTINUE"},
+        {2, 21, 21, 22, 22, "CONTINUE"}, {2, 19, 19, 20, 21, "NEW GAME"}, {2, 10, 9, 20, 10, "CONTINUE"},
     };
     for (const Riga& r : righe) {
-        Foglio f;
-        f.mod.tipo_partita = static_cast<std::uint8_t>(r.tipo);
-        f.mod.partite = 30;  // the fourth hand: the totals carry over
-        f.mod.punti_giocatore = static_cast<std::uint8_t>(r.prima_giocatore);
-        f.mod.punti_computer = static_cast<std::uint8_t>(r.prima_computer);
-        f.fine_mano(punti(r.dopo_giocatore - r.prima_giocatore, r.dopo_computer - r.prima_computer));
-        ASSERT_EQ(f.mod.punti_giocatore, r.dopo_giocatore);
-        ASSERT_EQ(f.mod.punti_computer, r.dopo_computer);
-        EXPECT_EQ(f.mod.command1, r.caption) << r.tipo << " " << r.dopo_giocatore << ":" << r.dopo_computer;
-        EXPECT_EQ(f.finestra.captions[1], r.caption);
-        EXPECT_EQ(f.mod.partite, 40);
+        Foglio f(r.tipo, r.prima_g, r.prima_c);
+        f.fine_mano(punti(r.dopo_g - r.prima_g, r.dopo_c - r.prima_c));
+        ASSERT_EQ(f.totali(), (std::array<int, 2>{r.dopo_g, r.dopo_c}));
+        EXPECT_EQ(f.mod.command1, r.caption) << r.tipo << " " << r.dopo_g << ":" << r.dopo_c;
     }
 }
 
-TEST(FinePartita, ATieAtTheTargetIsPlayedOffByFurtherHands) {
-    Foglio f;
-    f.mod.tipo_partita = 1;
-    f.mod.punti_giocatore = 10;
-    f.mod.punti_computer = 10;
-    f.fine_mano(punti(1, 1));
-    EXPECT_EQ(f.mod.command1, "CONTINUE");
-    f.frm.Command1_Click();
-    EXPECT_EQ(f.mod.punti_giocatore, 11);  // a CONTINUE keeps the totals
-    f.fine_mano(punti(2, 1));
-    EXPECT_EQ(f.mod.punti_giocatore, 13);
-    EXPECT_EQ(f.mod.punti_computer, 12);
-    EXPECT_EQ(f.mod.command1, "NEW GAME");
-    EXPECT_EQ(f.mod.partite, 20);
-}
-
-TEST(FinePartita, AMatchToElevenCanEndOnItsFirstHand) {
-    Foglio f;
-    f.mod.tipo_partita = 1;
-    f.fine_mano({40, 10, 1, true, 7, 0});
-    EXPECT_EQ(f.mod.punti_giocatore, 11);
-    EXPECT_EQ(f.mod.command1, "NEW GAME");
-    EXPECT_EQ(f.mod.partite, 10);
-}
-
-TEST(Partite, EachHandOfAMatchAddsTenAndTheCountStopsAt250) {
-    Foglio f;
-    f.mod.tipo_partita = 2;
-    for (int mano = 1; mano <= 25; ++mano) {
-        f.fine_mano(punti(1, 0));
-        f.mod.punti_giocatore = f.mod.punti_computer = 0;  // keep the match going
-        ASSERT_EQ(f.mod.partite, 10 * mano);
-        f.frm.Command1_Click();
+TEST(Partite, EachHandAddsTenUntil250ThenTheLastRowIsWrittenOverAndTheDealPasses) {
+    Foglio f(2);
+    for (int mano = 1; mano <= 27; ++mano) {
+        f.fine_mano(mano == 27 ? Mano{30, 8, 1, true, 0, 0} : punti(1, 0));
+        f.mod.punti_giocatore = 0;  // keep the match going
+        ASSERT_EQ(f.mod.partite, std::min(10 * mano, 250)) << mano;
+        ASSERT_EQ(f.mod.mazziere, mano % 2 + 1) << mano;  // the deal passes after every hand
     }
-    // The 26th hand writes its row at 250 + 13 and the count cannot grow.
-    f.fine_mano(punti(1, 0));
-    EXPECT_EQ(f.mod.partite, 250);
-    EXPECT_EQ(f.frm.LBLdat_UBound(), 272);
-    EXPECT_EQ(f.frm.LBLdat.at(263).r.top, 2 * 250 + 91);
-    f.frm.Command1_Click();
-    // Every further hand writes over the last row.
-    f.fine_mano({30, 8, 1, true, 0, 0});
-    EXPECT_EQ(f.mod.partite, 250);
     EXPECT_EQ(f.frm.LBLdat_Count(), 273);
-    EXPECT_EQ(f.frm.LBLdat.at(263).Caption, " 30");
-    EXPECT_EQ(f.finestra.LBLdat.at(263).Caption, " 30");
+    EXPECT_EQ(f.frm.LBLdat.at(263).r.top, 2 * 250 + 91);
+    EXPECT_EQ(f.cella(263), " 30");
 }
 
-TEST(Partite, ASingleHandLeavesTheCountAtZeroAndTheNextRowInTheSamePlace) {
-    Foglio f;
-    f.fine_mano(punti(3, 1));
-    EXPECT_EQ(f.mod.partite, 0);
-    f.frm.Command1_Click();  // "NEW GAME"
-    f.fine_mano(punti(1, 2));
-    EXPECT_EQ(f.mod.partite, 0);
-    EXPECT_EQ(f.frm.LBLdat_Count(), 23);
-    EXPECT_EQ(f.frm.LBLdat.at(13).r.top, 91);
-    EXPECT_EQ(f.mod.punti_giocatore, 1);
-    EXPECT_EQ(f.mod.punti_computer, 2);
-}
-
-TEST(Partite, TotalsThatWouldPassAByteStopWhereTheyAre) {
-    Foglio f;
-    f.mod.tipo_partita = 2;
-    f.mod.partite = 100;
-    f.mod.punti_giocatore = 253;
-    f.mod.punti_computer = 200;
-    // Cards, coins, primiera, seven: four additions of 1 and a sweep of 3.
-    f.fine_mano({30, 8, 1, true, 3, 0});
-    EXPECT_EQ(f.mod.punti_giocatore, 255);
-    EXPECT_EQ(f.mod.command1, "NEW GAME");
-}
-
-TEST(Mazziere, TheDealPassesAfterEveryHandMatchOrNot) {
-    for (int tipo : {0, 1, 2}) {
-        Foglio f;
-        f.mod.tipo_partita = static_cast<std::uint8_t>(tipo);
-        f.mod.mazziere = 2;
-        const std::array<int, 4> attesi = {1, 2, 1, 2};
-        for (int atteso : attesi) {
-            f.fine_mano(punti(1, 0));
-            f.mod.punti_giocatore = 0;
-            EXPECT_EQ(f.mod.mazziere, atteso) << tipo;
-            f.frm.Command1_Click();
-        }
-    }
-}
-
-TEST(Command1, ContinueHandsOverToTheTableAndKeepsTheMatch) {
-    Foglio f;
-    f.mod.tipo_partita = 2;
-    f.mod.mazziere = 1;
-    f.fine_mano({23, 6, 0, true, 1, 2});
-    ASSERT_EQ(f.mod.command1, "CONTINUE");
-    const int righe = f.frm.LBLdat_Count();
-    const std::size_t linee = f.finestra.linee.size();
-    f.frm.Command1_Click();
-    EXPECT_EQ(f.finestra.tavolo_mostrato, 1);
-    EXPECT_EQ(f.mod.mazziere, 2);
-    EXPECT_EQ(f.mod.punti_giocatore, 4);
-    EXPECT_EQ(f.mod.punti_computer, 2);
-    EXPECT_EQ(f.mod.partite, 10);
-    EXPECT_EQ(f.mod.tipo_partita, 2);
-    EXPECT_EQ(f.frm.LBLdat_Count(), righe);
-    EXPECT_TRUE(f.frm.LBLdat.at(13).Visible);
-    EXPECT_TRUE(f.frm.Command1.Visible);
-    EXPECT_EQ(f.finestra.linee.size(), linee);  // no wipe
-    EXPECT_EQ(f.frm.BackColor(), arancio);
-}
-
-TEST(Command1, NewGameClearsTheSheetAndTheMatchThenHandsOver) {
-    Foglio f;
-    f.mod.tipo_partita = 1;
-    f.fine_mano({40, 10, 1, true, 7, 0});
-    ASSERT_EQ(f.mod.command1, "NEW GAME");
-    EXPECT_EQ(f.frm.BackColor(), arancio);
-    f.frm.Command1_Click();
-
-    EXPECT_EQ(f.finestra.tavolo_mostrato, 1);
-    EXPECT_EQ(f.mod.partite, 0);
-    EXPECT_EQ(f.mod.punti_giocatore, 0);
-    EXPECT_EQ(f.mod.punti_computer, 0);
-    EXPECT_EQ(f.mod.tipo_partita, 1);  // until an option is pressed
-    EXPECT_EQ(f.mod.command1, "NEW GAME");
-    // The wipe in olive, on the sheet's own surface: 801 lines from the
-    // left over the upper half, 801 from the right over the lower half.
-    EXPECT_EQ(f.frm.BackColor(), oliva);
-    ASSERT_EQ(f.finestra.linee.size(), 2u * 801u);
-    for (const auto& l : f.finestra.linee) EXPECT_EQ(l.colore, oliva);
-    EXPECT_EQ(f.finestra.linee[0].x1, 0);
-    EXPECT_EQ(f.finestra.linee[0].y2, 301);
-    EXPECT_EQ(f.finestra.linee[1].x1, 800);
-    EXPECT_EQ(f.finestra.linee[1].y1, 600);
-    EXPECT_EQ(f.finestra.linee[1].y2, 300);
-    // Every control hidden, the labels of heads and cells gone.
-    EXPECT_EQ(f.frm.LBLdat_Count(), 3);
-    EXPECT_EQ(f.finestra.LBLdat.size(), 3u);
-    EXPECT_EQ(f.finestra.distrutte, 20);
-    EXPECT_FALSE(f.finestra.LBLtit.Visible);
-    for (int i = 0; i <= 2; ++i) EXPECT_FALSE(f.finestra.LBLdat.at(i).Visible) << i;
-    EXPECT_FALSE(f.finestra.lblTot[0].Visible);
-    EXPECT_FALSE(f.finestra.lblTot[1].Visible);
-    for (int i = 1; i <= 8; ++i) EXPECT_FALSE(f.finestra.imgset[static_cast<std::size_t>(i)].Visible) << i;
-    EXPECT_FALSE(f.finestra.bottoni[1].Visible);
-    EXPECT_FALSE(f.finestra.bottoni[2].Visible);
-}
-
-TEST(Command1, OneClickPerFilledSheetAndNoneBeforeTheFirstHand) {
-    Foglio f;
+TEST(Command1, ContinueHandsOverOncePerFilledSheetAndKeepsTheMatch) {
+    Foglio f(1);
     f.frm.Command1_Click();  // nothing finished yet
     EXPECT_EQ(f.finestra.tavolo_mostrato, 0);
-    f.mod.tipo_partita = 2;
-    f.fine_mano(punti(1, 0));
+    f.fine_mano({23, 6, 0, true, 1, 2});
+    ASSERT_EQ(f.mod.command1, "CONTINUE");
     f.frm.Command1_Click();
     f.frm.Command1_Click();  // the table is already playing the next hand
     EXPECT_EQ(f.finestra.tavolo_mostrato, 1);
-    f.fine_mano(punti(1, 0));
-    f.frm.Command1_Click();
-    EXPECT_EQ(f.finestra.tavolo_mostrato, 2);
+    EXPECT_EQ(f.totali(), (std::array<int, 2>{4, 2}));
+    EXPECT_EQ(f.mod.partite, 10);
+    EXPECT_TRUE(f.finestra.linee.empty() && f.finestra.fondo == arancio);
 }
 
-TEST(Command1, TheTableCanStartTheNextHandFromTheClick) {
-    // The simulator's way: each hand-over plays the next hand at once.
-    Foglio f;
-    f.mod.tipo_partita = 1;
-    int mani = 0;
-    f.finestra.al_tavolo = [&] {
-        ++mani;
-        f.fine_mano(punti(2, 1));
+const Testi prima = {" 23", " 6", "NO", "YES", " 1", " 17", " 4", "NO", "NO", " 2"};
+
+// Every label as the window was told it, against the layout: the title, the
+// hidden model, the heads of the sides, the column heads at Top 75, one row a
+// hand from Top 91 twenty apart, ten indices a hand from 13, and the totals
+// under the newest row.
+void controlla_foglio(const Foglio& f, const std::vector<Testi>& righe) {
+    static const std::array<std::string, 5> teste = {"Carte", "Denari", "Primiera", "Settebello", "Leste"};
+    const auto& d = f.finestra.LBLdat;
+    const int n = static_cast<int>(righe.size());
+    ASSERT_EQ(f.frm.LBLdat_Count(), 13 + 10 * n);
+    ASSERT_EQ(d.size(), f.frm.LBLdat.size());
+    ASSERT_EQ(d.rbegin()->first, 12 + 10 * n);  // no gaps
+    const Etichetta& t = f.finestra.LBLtit;
+    EXPECT_TRUE(t.Caption == "SCORE" && t.Visible && t.BackColor == giallo_chiaro && t.ForeColor == rosso_scuro);
+    EXPECT_TRUE(t.r.left == 20 && t.r.top == 5 && t.r.width == 760 && t.r.height == 40);
+    EXPECT_FALSE(d.at(0).Visible);
+    for (int lato = 1; lato <= 2; ++lato) {
+        const Etichetta& e = d.at(lato);
+        EXPECT_EQ(e.Caption, lato == 1 ? "Player" : "Computer");
+        EXPECT_TRUE(e.r.left == (lato == 1 ? 20 : 432) && e.r.top == 45 && e.Visible && e.BackColor == azzurro) << lato;
+    }
+    for (int i = 3; i < 13 + 10 * n; ++i) {
+        const int blocco = (i - 3) / 5, k = (i - 3) % 5;  // blocks 0 and 1 are the heads
+        const auto sk = static_cast<std::size_t>(k), riga = static_cast<std::size_t>(blocco / 2 - 1);
+        const Etichetta& e = d.at(i);
+        EXPECT_EQ(e.Caption, blocco < 2 ? teste[sk] : righe[riga][5 * static_cast<std::size_t>(blocco % 2) + sk]) << i;
+        EXPECT_FLOAT_EQ(e.r.left, (blocco % 2 == 0 ? 20.0f : 432.0f) + 70.0f * static_cast<float>(k)) << i;
+        EXPECT_FLOAT_EQ(e.r.top, blocco < 2 ? 75.0f : 91.0f + 20.0f * static_cast<float>(riga)) << i;
+        EXPECT_TRUE(e.Visible && e.ForeColor == rosso_scuro && e.BackColor == verde_chiaro && e.FontSize == 8) << i;
+    }
+    for (const Etichetta& e : f.finestra.lblTot) EXPECT_TRUE(e.r.top == 107 + 20 * (n - 1) && e.Visible) << e.r.top;
+    EXPECT_EQ(f.finestra.lblTot[1].r.left, 432);
+}
+
+// In a match the hands add up; the greater total is red, the other dark red,
+// equal totals both dark red, whatever the hand alone gave.
+TEST(Foglio, TheLabelsAndTotalsAfterOneTwoAndThreeHandsAndAfterANewMatch) {
+    Foglio f(2);
+    EXPECT_EQ(f.finestra.fondo, arancio);
+    EXPECT_EQ(f.frm.LBLdat_Count(), 3);
+    struct Passo {
+        Mano mano;
+        Testi testi;
+        std::array<int, 2> totali;
     };
-    f.fine_mano(punti(2, 1));
-    ++mani;
-    for (int giro = 0; giro < 20 && f.mod.command1 == "CONTINUE"; ++giro) f.frm.Command1_Click();
-    // 2:1, 4:2, ... 12:6 ends the match on the sixth hand.
-    EXPECT_EQ(mani, 6);
-    EXPECT_EQ(f.mod.punti_giocatore, 12);
-    EXPECT_EQ(f.mod.command1, "NEW GAME");
-    EXPECT_EQ(f.frm.LBLdat_Count(), 13 + 6 * 10);
+    std::vector<Testi> righe;
+    for (const Passo& p : std::vector<Passo>{
+             {{23, 6, 0, true, 1, 2}, prima, {4, 2}},
+             {{16, 2, 2, true, 0, 0}, {" 16", " 2", "NO", "YES", " 0", " 24", " 8", "YES", "NO", " 0"}, {5, 5}},
+             {{25, 9, 1, true, 3, 0}, {" 25", " 9", "YES", "YES", " 3", " 15", " 1", "NO", "NO", " 0"}, {12, 5}}}) {
+        f.fine_mano(p.mano);
+        righe.push_back(p.testi);
+        SCOPED_TRACE(righe.size());
+        controlla_foglio(f, righe);
+        for (std::size_t i = 0; i < 2; ++i) {
+            EXPECT_EQ(f.finestra.lblTot[i].Caption, " " + std::to_string(p.totali[i]));
+            EXPECT_EQ(f.finestra.lblTot[i].ForeColor, p.totali[i] > p.totali[1 - i] ? rosso : rosso_scuro);
+        }
+    }
+    // NEW GAME: the match cleared, every control hidden, heads and cells
+    // destroyed, the sheet wiped olive, and over to the table.
+    f.mod.punti_giocatore = 21;
+    f.fine_mano({40, 10, 1, true, 0, 0});
+    ASSERT_EQ(f.mod.command1, "NEW GAME");
+    f.frm.Command1_Click();
+    EXPECT_EQ(f.finestra.tavolo_mostrato, 4);
+    EXPECT_TRUE(f.totali() == (std::array<int, 2>{0, 0}) && f.mod.partite == 0 && f.mod.tipo_partita == 2);
+    EXPECT_TRUE(f.frm.LBLdat_Count() == 3 && f.finestra.distrutte == 50);
+    EXPECT_FALSE(f.finestra.LBLtit.Visible || f.finestra.lblTot[0].Visible || f.finestra.bottoni[1].Visible);
+    for (std::size_t i = 1; i <= 8; ++i) EXPECT_FALSE(f.finestra.imgset[i].Visible) << i;
+    EXPECT_EQ(f.finestra.fondo, oliva);
+    // The next match's first row stands at the top again; the ground stays olive.
+    f.mod.tipo_partita = 0;
+    f.fine_mano({23, 6, 0, true, 1, 2});
+    controlla_foglio(f, {prima});
+    EXPECT_EQ(f.finestra.fondo, oliva);
 }
 
-TEST(Uscita, QuitUnloadsTheTableAndEndsTheCloseControlEndsAtOnce) {
-    {
-        Foglio f;
+// A resize moves no label that shows; the hidden model keeps its real size.
+TEST(Foglio, AResizeMovesNoVisibleLabelAndAMinimisedWindowNothing) {
+    Foglio f(2);
+    f.fine_mano({23, 6, 0, true, 1, 2});
+    const auto prime = f.frm.LBLdat;
+    f.finestra.minimizzata_ = true;
+    f.finestra.larghezza = 100;
+    f.frm.Form_Resize();
+    EXPECT_EQ(f.frm.LBLdat.at(0).r.width, prime.at(0).r.width);
+    f.finestra.minimizzata_ = false;
+    f.finestra.larghezza = 2 * 15360;
+    f.frm.Form_Resize();
+    EXPECT_FLOAT_EQ(f.finestra.LBLdat.at(0).r.width, prime.at(0).r.width / 2);
+    for (const auto& [i, e] : f.frm.LBLdat) EXPECT_TRUE(i == 0 || (e.r.left == prime.at(i).r.left && e.r.width == prime.at(i).r.width)) << i;
+}
+
+TEST(Uscita, QuitUnloadsTheTableTheCloseControlEndsAtOnce) {
+    for (int modo : {-1, 0, 1}) {  // -1: Quit, else the UnloadMode of a close
+        Foglio f(0);
         f.fine_mano(punti(1, 0));
-        f.frm.Command2_Click();
-        EXPECT_EQ(f.finestra.tavolo_scaricato, 1);
-        EXPECT_TRUE(f.finestra.finito);
+        int Cancel = 0;
+        modo < 0 ? f.frm.Command2_Click() : f.frm.Form_QueryUnload(Cancel, modo);
+        EXPECT_EQ(f.finestra.finito, modo != 1) << modo;
+        EXPECT_EQ(f.finestra.tavolo_scaricato, modo < 0 ? 1 : 0) << modo;
         EXPECT_EQ(f.finestra.tavolo_mostrato, 0);
-    }
-    {
-        Foglio f;
-        int Cancel = 0;
-        f.frm.Form_QueryUnload(Cancel, 0);
-        EXPECT_TRUE(f.finestra.finito);
-        EXPECT_EQ(f.finestra.tavolo_scaricato, 0);
-    }
-    {
-        Foglio f;
-        int Cancel = 0;
-        f.frm.Form_QueryUnload(Cancel, 1);  // unloaded by code: Form_Unload follows
-        EXPECT_FALSE(f.finestra.finito);
     }
 }
 

@@ -5,6 +5,7 @@
 //   lesta-sim --hands N --seed S [--match single|11|21] [--player random]
 //   lesta-sim --bench [--seconds T]
 
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -135,7 +136,7 @@ private:
             const Turno& t = turni_[i];
             j << (i ? "," : "") << "{\"turno\":" << t.turno << ",\"slot\":" << t.slot << ",\"carta\":" << t.carta
               << ",\"presa\":" << lista(t.presa) << ",\"cella\":"
-              << (t.riga ? "[" + std::to_string(t.riga) + "," + std::to_string(t.colonna) + "]" : "null")
+              << (t.riga ? lista(std::array{t.riga, t.colonna}) : "null")
               << ",\"lesta\":" << (t.lesta ? "true" : "false") << "}";
         }
         j << "],\"ultima_presa\":" << frm_.ultima_presa << ",\"resto\":" << lista(resto_) << ",\"leste\":["

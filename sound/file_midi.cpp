@@ -1,7 +1,6 @@
 #include "sound/file_midi.h"
 
 #include <algorithm>
-#include <fstream>
 
 namespace lesta::midi {
 namespace {
@@ -94,13 +93,6 @@ std::vector<std::uint8_t> file_smf(const std::vector<Traccia>& tracce, std::uint
         out.insert(out.end(), corpo.begin(), corpo.end());
     }
     return out;
-}
-
-bool scrivi(const std::filesystem::path& percorso, const std::vector<std::uint8_t>& byte) {
-    std::ofstream out(percorso, std::ios::binary | std::ios::trunc);
-    out.write(reinterpret_cast<const char*>(byte.data()), static_cast<std::streamsize>(byte.size()));
-    out.close();
-    return static_cast<bool>(out);
 }
 
 }  // namespace lesta::midi

@@ -3,10 +3,11 @@
 // made this way at build time, and the tests make short songs of their own.
 
 #include <cstdint>
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "sound/scrivi_file.h"
 
 namespace lesta::midi {
 
@@ -39,8 +40,5 @@ private:
 
 // A format 1 file with `divisione` ticks per quarter note.
 std::vector<std::uint8_t> file_smf(const std::vector<Traccia>& tracce, std::uint16_t divisione);
-
-// Writes the bytes to a file; false if the file cannot be written.
-bool scrivi(const std::filesystem::path& percorso, const std::vector<std::uint8_t>& byte);
 
 }  // namespace lesta::midi

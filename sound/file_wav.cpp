@@ -1,6 +1,5 @@
 #include "sound/file_wav.h"
 
-#include <fstream>
 
 namespace lesta::wav {
 namespace {
@@ -33,13 +32,6 @@ std::vector<std::uint8_t> file_wav(const std::vector<std::int16_t>& campioni, in
     piccolo_endian(out, dati, 4);
     for (std::int16_t c : campioni) piccolo_endian(out, static_cast<std::uint16_t>(c), 2);
     return out;
-}
-
-bool scrivi(const std::filesystem::path& percorso, const std::vector<std::uint8_t>& byte) {
-    std::ofstream out(percorso, std::ios::binary | std::ios::trunc);
-    out.write(reinterpret_cast<const char*>(byte.data()), static_cast<std::streamsize>(byte.size()));
-    out.close();
-    return static_cast<bool>(out);
 }
 
 }  // namespace lesta::wav

@@ -3,15 +3,13 @@
 // time, and the tests make sounds of their own.
 
 #include <cstdint>
-#include <filesystem>
 #include <vector>
+
+#include "sound/scrivi_file.h"
 
 namespace lesta::wav {
 
 // A RIFF/WAVE file of 16-bit PCM samples, interleaved when `canali` > 1.
 std::vector<std::uint8_t> file_wav(const std::vector<std::int16_t>& campioni, int frequenza, int canali);
-
-// Writes the bytes to a file; false if the file cannot be written.
-bool scrivi(const std::filesystem::path& percorso, const std::vector<std::uint8_t>& byte);
 
 }  // namespace lesta::wav

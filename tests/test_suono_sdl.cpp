@@ -56,7 +56,7 @@ void scrivi_brano(const std::filesystem::path& file, int note, int ms) {
     midi::Traccia t("prova");
     t.tempo(0, 500000);  // 960 ticks a second with 480 a quarter
     for (int i = 0; i < note; ++i) t.nota(0, static_cast<std::uint32_t>(i * ms * 960 / 1000), static_cast<std::uint32_t>(ms * 960 / 1000), 60 + 4 * i, 120);
-    ASSERT_TRUE(midi::scrivi(file, midi::file_smf({t}, 480)));
+    ASSERT_TRUE(scrivi_file(file, midi::file_smf({t}, 480)));
 }
 
 // Lets the Qt events run until `fatto` holds or the time is up.
@@ -150,7 +150,7 @@ TEST_F(SuonoSdl, OnlyASongPlayedToItsEndBringsAnEnd) {
 TEST_F(SuonoSdl, TheCardSoundSoundsOnEachPlay) {
     std::vector<std::int16_t> tono(frequenza / 10);
     for (std::size_t i = 0; i < tono.size(); ++i) tono[i] = static_cast<std::int16_t>(std::lround(16384 * std::sin(2 * std::numbers::pi * 440 * static_cast<double>(i) / frequenza)));
-    ASSERT_TRUE(wav::scrivi(file("carta.wav"), wav::file_wav(tono, frequenza, 1)));
+    ASSERT_TRUE(scrivi_file(file("carta.wav"), wav::file_wav(tono, frequenza, 1)));
     {
         MediaSdl suono(TipoDispositivo::WaveAudio);
         suono.Wait(true);

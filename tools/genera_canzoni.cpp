@@ -38,7 +38,7 @@ int main(int argc, char* argv[]) {
             return 1;
         }
         const auto file = cartella / (std::string(c.titolo) + ".mid");
-        if (!midi::scrivi(file, canzoni::file_midi(c))) {
+        if (!scrivi_file(file, canzoni::file_midi(c))) {
             std::cerr << "lesta-canzoni: cannot write " << file << "\n";
             return 1;
         }

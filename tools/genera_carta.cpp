@@ -12,7 +12,7 @@ int main(int argc, char* argv[]) {
         std::cerr << "usage: lesta-suono-carta <file>\n";
         return 2;
     }
-    if (!wav::scrivi(argv[1], wav::file_wav(carta::campioni(), carta::frequenza, 1))) {
+    if (!scrivi_file(argv[1], wav::file_wav(carta::campioni(), carta::frequenza, 1))) {
         std::cerr << "lesta-suono-carta: cannot write " << argv[1] << "\n";
         return 1;
     }

@@ -57,26 +57,24 @@ Task Frmlesta::gioco() {
     // sixth card of each.
     const int primo = mod.mazziere == 1 ? 2 : 1;
     int lato = primo;
+    // A side's turn begins with the turn's fields cleared and its green light,
+    // and the other side's red, in front.
+    auto inizio_turno = [this](int lato_di_turno) {
+        turno = static_cast<std::int16_t>(lato_di_turno);
+        carta_giocata = 0;
+        valore_giocata = 0;
+        quante = 0;
+        somma = 0;
+        ZOrder(Verde(lato_di_turno - 1));
+        ZOrder(Rosso(2 - lato_di_turno));
+    };
     for (;;) {
+        inizio_turno(lato);
         if (lato == 1) {
-            turno = 1;
-            carta_giocata = 0;
-            valore_giocata = 0;
-            quante = 0;
-            somma = 0;
-            ZOrder(Verde(0));
-            ZOrder(Rosso(1));
             co_await gioco1();
             co_await verifica();
             co_await muovicarte();
         } else {
-            turno = 2;
-            carta_giocata = 0;
-            valore_giocata = 0;
-            quante = 0;
-            somma = 0;
-            ZOrder(Verde(1));
-            ZOrder(Rosso(0));
             co_await ritardo(1);
             co_await gioco2();
             // Counted before the move, so that the move knows the last card

@@ -133,9 +133,9 @@ void FinestraTavolo::crea_controlli() {
         testo->setPlainText(QString::fromUtf8(contenuto.data(), static_cast<qsizetype>(contenuto.size())));
         testo->setReadOnly(pannello != Controllo::Text2);
         testo->setLineWrapMode(QPlainTextEdit::NoWrap);
+        testo->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
         if (pannello == Controllo::Text4) {
             testo->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-            testo->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
             QTextOption opzione = testo->document()->defaultTextOption();
             opzione.setAlignment(Qt::AlignHCenter);
             testo->document()->setDefaultTextOption(opzione);
@@ -206,7 +206,7 @@ void FinestraTavolo::posiziona(Controllo c) {
         // of the rules panels.
         const int larghezza_regole = superficie_->in_pixel(rettangolo_iniziale(Controllo::Text2)).width();
         QFont f = w->font();
-        f.setPixelSize(std::max(8, larghezza_regole / 20));
+        f.setPixelSize(std::max(8, larghezza_regole / 22));
         w->setFont(f);
     }
 }

@@ -155,6 +155,11 @@ struct LettoreSdl {
     std::atomic<bool> aperto{false};
 
     void lavora() {
+        // SDL keeps data of its own (its error text) for each thread it did
+        // not start itself; this one gives it back as it ends.
+        struct Congedo {
+            ~Congedo() { SDL_TLSCleanup(); }
+        } congedo;
         for (;;) {
             std::function<void()> compito;
             {

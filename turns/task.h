@@ -35,7 +35,7 @@ public:
         return std::exchange(libero, *static_cast<void**>(libero));
 #endif
     }
-    static void rendi(void* p, std::size_t n) noexcept {
+    static void rendi(void* p, [[maybe_unused]] std::size_t n) noexcept {
 #if defined(__SANITIZE_ADDRESS__)
         ::operator delete(p);
 #else

@@ -110,7 +110,10 @@ public:
     // ---- routines ----
     Task pannello_inizio();
     void Mescola();
-    Task ritardo(float unita);
+    // The timed pause, `co_await ritardo(unita)`: Timer2 runs for the
+    // length of the pause, and the routine goes on when it has fired.
+    class Pausa;
+    Pausa ritardo(float unita);
     // The capture search: the table of subset masks, built once at load, and
     // the search for the card in play.
     void Trova_Combinazioni();
@@ -219,6 +222,26 @@ private:
     void Set_Read();
     void spunta_velocita_gioco(int indice, bool spuntata);
     int ultimo_z_ = 0;
+};
+
+class Frmlesta::Pausa final : public Risveglio {
+public:
+    Pausa(Frmlesta& f, int intervallo_ms) : f_(f), intervallo_(intervallo_ms) {}
+    bool pronto() const override { return f_.scattato; }
+    bool await_ready() {
+        f_.scattato = false;
+        f_.piattaforma.orologio.Timer2(intervallo_, true);
+        return false;
+    }
+    bool await_suspend(std::coroutine_handle<> h) {
+        chi = h;
+        return f_.piattaforma.orologio.sospendi(*this);
+    }
+    void await_resume() { f_.piattaforma.orologio.Timer2(intervallo_, false); }
+
+private:
+    Frmlesta& f_;
+    int intervallo_;
 };
 
 // The wipe of a window: lines from the left fill the upper half while lines

@@ -8,7 +8,9 @@ void piccolo_endian(std::vector<std::uint8_t>& out, std::uint32_t v, int byte) {
     for (int i = 0; i < byte; ++i) out.push_back(static_cast<std::uint8_t>((v >> (8 * i)) & 0xFF));
 }
 
-void testo(std::vector<std::uint8_t>& out, const char (&quattro)[5]) { out.insert(out.end(), quattro, quattro + 4); }
+void testo(std::vector<std::uint8_t>& out, const char (&quattro)[5]) {
+    for (int i = 0; i < 4; ++i) out.push_back(static_cast<std::uint8_t>(quattro[i]));
+}
 
 }  // namespace
 

@@ -268,7 +268,8 @@ TEST(Ritardo, AUnitIs6500MillisecondsOverTheSpeedCutToWholeMilliseconds) {
                                        Caso{30, 5, 1083}}) {
         Banco b;
         b.frm.velocita = static_cast<std::uint8_t>(velocita);
-        Task t = b.frm.ritardo(unita);
+        auto pausa = [&]() -> Task { co_await b.frm.ritardo(unita); };
+        Task t = pausa();
         t.start();
         EXPECT_TRUE(t.done());
         EXPECT_EQ(b.orologio.millisecondi(), ms) << velocita << " " << unita;

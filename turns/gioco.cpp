@@ -21,7 +21,10 @@ void punteggio(Frmlesta& f) {
     finestra.Box(X - 109, H - 29, X - 6, H + 49, giallo);
 
     // Numbers are written with a leading blank where a sign would go.
-    auto numero = [](int n) { return " " + std::to_string(n); };
+    auto numero = [](int n) {
+        std::string testo(1, ' ');
+        return testo += std::to_string(n);
+    };
     const float riga = finestra.TextHeight();
     float y = H - 25;
     finestra.Print(X - 105, y, numero(f.mod.partite / 10 + 1) + "^Game", bianco);

@@ -5,13 +5,8 @@ namespace lesta {
 // A pause of `unita` units: 650 ms at "Low", 325 at "Middle", 216 at "High"
 // for one unit (the whole milliseconds, not the nearest). A change of speed
 // during the pause counts from the next one.
-Task Frmlesta::ritardo(float unita) {
-    auto& orologio = piattaforma.orologio;
-    scattato = false;
-    const int intervallo = static_cast<int>(unita * 6500.0f / static_cast<float>(velocita));
-    orologio.Timer2(intervallo, true);
-    co_await finche(orologio, [this] { return scattato; });
-    orologio.Timer2(intervallo, false);
+Frmlesta::Pausa Frmlesta::ritardo(float unita) {
+    return Pausa(*this, static_cast<int>(unita * 6500.0f / static_cast<float>(velocita)));
 }
 
 void Frmlesta::Timer2_Timer() { scattato = true; }

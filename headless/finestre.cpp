@@ -62,7 +62,6 @@ void FinestraRaster::BoxFilled(float x1, float y1, float x2, float y2, Colore c)
 }
 
 void FinestraRaster::PaintPicture(Figura f, float x, float y, float w, float h) {
-    ++disegni;
     const int ax = static_cast<int>(std::floor(x)), bx = static_cast<int>(std::floor(x + w)) - 1;
     const int ay = static_cast<int>(std::floor(y)), by = static_cast<int>(std::floor(y + h)) - 1;
     const Colore c = colore_di(f);

@@ -8,7 +8,6 @@
 //                   table back with Point as the game does.
 
 #include <array>
-#include <functional>
 #include <map>
 #include <string>
 #include <utility>
@@ -103,7 +102,6 @@ public:
         Colore colore;
     };
     std::vector<Scritta> scritte;  // every Print since the last clear
-    int disegni = 0;               // pictures painted
 
 private:
     void punto(int x, int y, Colore c, int figura);
@@ -119,13 +117,8 @@ public:
         messaggio = m;
         finito = true;
     }
-    void Show_frmscore() override {
-        ++fogli;
-        if (al_foglio) al_foglio();
-    }
+    void Show_frmscore() override {}
     bool finito = false;
-    int fogli = 0;                     // score sheets shown
-    std::function<void()> al_foglio;  // run on each: a test or the simulator fills the sheet
     std::string messaggio;
 };
 

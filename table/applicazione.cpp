@@ -90,7 +90,7 @@ void Applicazione::avvia() {
 }
 
 void Applicazione::attiva() {
-    if (finito_ || hand_in_corso()) return;
+    if (finito_ || !attivazione_.done()) return;
     attivazione_ = frm_.Form_Activate();
     attivazione_.start();
 }

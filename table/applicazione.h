@@ -36,8 +36,6 @@ public:
     Frmlesta& gioco() { return frm_; }
     FinestraTavolo& tavolo() { return tavolo_; }
     FinestraPunteggioQt& foglio() { return foglio_; }
-    ModLesta& stato() { return mod_; }
-    bool hand_in_corso() const { return !attivazione_.done(); }
     bool finito() const { return finito_; }
 
 protected:

@@ -5,7 +5,6 @@
 
 #include <QMainWindow>
 #include <array>
-#include <functional>
 #include <vector>
 
 #include "table/finestra.h"
@@ -36,8 +35,6 @@ public:
     QWidget* widget(Controllo c) const { return widget_[static_cast<std::size_t>(c)]; }
     QAction* voce_velocita(int indice) const { return velocita_[static_cast<std::size_t>(indice)]; }
     QAction* voce_esci() const { return esci_; }
-    QAction* voce_nomusic() const { return nomusic_; }
-    QAction* voce_All() const { return all_; }
     QAction* voce_canzone(int indice) const;
     QAction* voce_italiano() const { return italiano_; }
     QAction* voce_english() const { return english_; }

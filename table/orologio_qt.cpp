@@ -1,5 +1,7 @@
 #include "table/orologio_qt.h"
 
+#include <utility>
+
 namespace lesta {
 
 namespace {

@@ -5,8 +5,8 @@
 
 #include <cstdint>
 #include <vector>
-#include <random>
 
+#include "headless/pcg32.h"
 #include "match/casuale.h"
 
 namespace lesta {
@@ -28,7 +28,7 @@ public:
     int estrazioni() const { return estrazioni_; }
 
 private:
-    std::mt19937 generatore_;
+    Pcg32 generatore_;
     std::vector<float> davanti_;  // the scripted draws; those before prossima_ are used up
     std::size_t prossima_ = 0;
     int semine_ = 0;

@@ -7,8 +7,8 @@
 
 #include <array>
 #include <cstdint>
-#include <random>
 
+#include "headless/pcg32.h"
 #include "match/frmlesta.h"
 
 namespace lesta {
@@ -22,14 +22,14 @@ public:
     bool clic();
 
 private:
-    int a_caso(int n) { return std::uniform_int_distribution<int>(0, n - 1)(caso_); }
+    int a_caso(int n) { return static_cast<int>(caso_.sotto(static_cast<std::uint32_t>(n))); }
     // Chooses the selection to make for the card in play; false if none is legal.
     bool scegli_selezione();
     void clic_mano(int slot);
     void clic_tavolo(Carta c);
 
     Frmlesta& f_;
-    std::mt19937 caso_;
+    Pcg32 caso_;
     std::array<Carta, 12> da_scegliere_{};  // the rest of the selection being made
     int restanti_ = 0;
 };

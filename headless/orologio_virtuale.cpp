@@ -20,6 +20,14 @@ bool OrologioVirtuale::esegui_fino(const Risveglio& r) {
     return true;
 }
 
+bool OrologioVirtuale::pausa_immediata(int intervallo_ms) {
+    if (acceso_ || !al_timer2) return false;
+    millisecondi_ += intervallo_ms;
+    ++pause_;
+    al_timer2();
+    return true;
+}
+
 bool OrologioVirtuale::sospendi(Risveglio& r) {
     if (esegui_fino(r)) return false;
     sospeso_ = &r;

@@ -18,6 +18,7 @@ public:
 
     void Timer2(int intervallo_ms, bool acceso) override;
     bool sospendi(Risveglio& r) override;
+    bool pausa_immediata(int intervallo_ms) override;
     bool sospendi_un_frame(std::coroutine_handle<> chi) override;
 
     // After an event from outside the script: goes on with the waiting routine

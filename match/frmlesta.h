@@ -230,18 +230,24 @@ public:
     bool pronto() const override { return f_.scattato; }
     bool await_ready() {
         f_.scattato = false;
-        f_.piattaforma.orologio.Timer2(intervallo_, true);
+        Orologio& orologio = f_.piattaforma.orologio;
+        if (orologio.pausa_immediata(intervallo_) && f_.scattato) return true;
+        orologio.Timer2(intervallo_, true);
+        acceso_ = true;
         return false;
     }
     bool await_suspend(std::coroutine_handle<> h) {
         chi = h;
         return f_.piattaforma.orologio.sospendi(*this);
     }
-    void await_resume() { f_.piattaforma.orologio.Timer2(intervallo_, false); }
+    void await_resume() {
+        if (acceso_) f_.piattaforma.orologio.Timer2(intervallo_, false);
+    }
 
 private:
     Frmlesta& f_;
     int intervallo_;
+    bool acceso_ = false;  // Timer2 was started and must be stopped
 };
 
 // The wipe of a window: lines from the left fill the upper half while lines

@@ -23,7 +23,11 @@ constexpr float altezza_casella = 15;
 constexpr float alto_intestazioni = 75;
 
 // A number on the sheet: decimal, after one leading blank.
-std::string numero(int n) { return " " + std::to_string(n); }
+std::string numero(int n) {
+    std::string testo(1, ' ');
+    testo += std::to_string(n);
+    return testo;
+}
 std::string_view si_no(bool si) { return si ? "YES" : "NO"; }
 
 // Totals and the count of hands are bytes: an addition that would pass 255

@@ -31,6 +31,15 @@ public:
     // which case r.chi must not be resumed by the clock.
     virtual bool sospendi(Risveglio& r) = 0;
 
+    // A pause on Timer2 where waiting costs nothing (the simulator's clock):
+    // counts the interval, fires Timer2 once and returns true, so the routine
+    // goes straight on without suspending. A real clock returns false and
+    // the routine sleeps until Timer2 fires.
+    virtual bool pausa_immediata(int intervallo_ms) {
+        static_cast<void>(intervallo_ms);
+        return false;
+    }
+
     // Holds r.chi until what is painted so far has reached the screen.
     // Returns false when it can go straight on.
     virtual bool sospendi_un_frame(std::coroutine_handle<> chi) = 0;

@@ -43,11 +43,11 @@ bool GiocatoreCasuale::scegli_selezione() {
 void GiocatoreCasuale::clic_mano(int slot) {
     // The middle of the slot's fixed hit area.
     const float x = 307.0f + 64.0f * static_cast<float>(slot - 1) + std::min(f_.larghezza_carta, 64.0f) / 2;
-    f_.Form_MouseDown(x, 504.7f + f_.altezza_carta / 2);
+    premi(x, 504.7f + f_.altezza_carta / 2);
 }
 
 void GiocatoreCasuale::clic_tavolo(Carta c) {
-    f_.Form_MouseDown(f_.carta[c].Left + f_.larghezza_carta / 2, f_.carta[c].Top + f_.altezza_carta / 2);
+    premi(f_.carta[c].Left + f_.larghezza_carta / 2, f_.carta[c].Top + f_.altezza_carta / 2);
 }
 
 bool GiocatoreCasuale::clic() {

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 
 #include "headless/pcg32.h"
 #include "match/frmlesta.h"
@@ -15,7 +16,12 @@ namespace lesta {
 
 class GiocatoreCasuale {
 public:
-    GiocatoreCasuale(Frmlesta& tavolo, std::uint32_t seme) : f_(tavolo), caso_(seme) {}
+    // Where a click at a point of the table (in logical units) goes: straight
+    // to the game, or through a real window.
+    using Clic = std::function<void(float x, float y)>;
+
+    GiocatoreCasuale(Frmlesta& tavolo, std::uint32_t seme, Clic clic = {})
+        : f_(tavolo), caso_(seme), clic_(std::move(clic)) {}
 
     // Makes the next click the game waits for; false if the game waits for
     // nothing a player can give.
@@ -27,9 +33,11 @@ private:
     bool scegli_selezione();
     void clic_mano(int slot);
     void clic_tavolo(Carta c);
+    void premi(float x, float y) { clic_ ? clic_(x, y) : f_.Form_MouseDown(x, y); }
 
     Frmlesta& f_;
     Pcg32 caso_;
+    Clic clic_;
     std::array<Carta, 12> da_scegliere_{};  // the rest of the selection being made
     int restanti_ = 0;
 };

@@ -7,6 +7,7 @@
 #include <array>
 #include <atomic>
 #include <cctype>
+#include <chrono>
 #include <condition_variable>
 #include <cstring>
 #include <deque>
@@ -26,6 +27,10 @@ struct Uscita {
 
     std::mutex m;  // guards what follows except the atomics
     Stato stato = Stato::chiusa;
+    // Open, but the device let go for silence: the card sound stays loaded
+    // and the device is taken again for the next sound.
+    bool a_riposo = false;
+    int brani_caricati = 0;  // songs loaded by the sequencer, its spare included
     int giocatori = 0;
     int prossimo_canale = 0;
 
@@ -42,16 +47,30 @@ Uscita& uscita() {
 }
 
 constexpr int canali_del_mixer = 8;
+constexpr int frequenza = 44100;
+constexpr Uint16 formato = AUDIO_S16SYS;
+constexpr int canali_stereo = 2;
 
 void fine_musica();
 
-// Opens the device at the first need. Called on the players' workers, so
-// the time it takes never falls on the window.
-bool apri_uscita() {
-    Uscita& u = uscita();
-    std::lock_guard blocco(u.m);
-    if (u.stato == Uscita::Stato::aperta) return true;
+// Takes the device in the one format the loaded sound was converted to.
+bool prendi_dispositivo() {
+    if (Mix_OpenAudioDevice(frequenza, formato, canali_stereo, 1024, nullptr, 0) != 0) return false;
+    Mix_AllocateChannels(canali_del_mixer);
+    Mix_HookMusicFinished(fine_musica);
+    return true;
+}
+
+// Opens the device at the first need, or takes it again after a rest. Called
+// with u.m held, on the players' workers, so the time it takes never falls on
+// the window.
+bool apri_uscita(Uscita& u) {
     if (u.stato == Uscita::Stato::mancante) return false;
+    if (u.stato == Uscita::Stato::aperta) {
+        if (!u.a_riposo) return true;
+        u.a_riposo = !prendi_dispositivo();
+        return !u.a_riposo;
+    }
 
     // Qt keeps the signals of the process; SDL must not take them.
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
@@ -60,33 +79,50 @@ bool apri_uscita() {
         return false;
     }
     Mix_Init(MIX_INIT_MID);
-    if (Mix_OpenAudio(44100, AUDIO_S16SYS, 2, 1024) != 0) {
+    if (!prendi_dispositivo()) {
         Mix_Quit();
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
         u.stato = Uscita::Stato::mancante;
         return false;
     }
-    Mix_AllocateChannels(canali_del_mixer);
     // The soundfont is named outright, so that every song sounds with the
     // system's General MIDI font whatever the library would guess by itself.
     // (The library still lets a user impose another one, with
     // SDL_FORCE_SOUNDFONTS=1 and SDL_SOUNDFONTS.)
     if (const std::string font = font_gm_di_sistema(); !font.empty()) Mix_SetSoundFonts(font.c_str());
-    Mix_HookMusicFinished(fine_musica);
     u.stato = Uscita::Stato::aperta;
+    u.a_riposo = false;
     return true;
+}
+
+// An open device wakes its audio thread some forty times a second even when
+// it plays nothing. With no song loaded (the music is "None"), after a silence
+// the device is let go, so that a game waiting for the player costs the
+// machine nothing. The loaded card sound is plain samples in the device's
+// fixed format, and stays valid until the device is taken again. Called with
+// u.m held; true while a silence may still come that lets the device go.
+bool riposa_se_in_silenzio(Uscita& u) {
+    if (u.stato != Uscita::Stato::aperta || u.a_riposo || u.brani_caricati > 0) return false;
+    if (Mix_Playing(-1) != 0) return true;
+    Mix_HookMusicFinished(nullptr);
+    Mix_CloseAudio();
+    u.a_riposo = true;
+    return false;
 }
 
 // With the last player gone the device is closed, and the next player that
 // opens a file opens it anew.
 void chiudi_uscita(Uscita& u) {
     if (u.stato == Uscita::Stato::aperta) {
-        Mix_HookMusicFinished(nullptr);
-        Mix_CloseAudio();
+        if (!u.a_riposo) {
+            Mix_HookMusicFinished(nullptr);
+            Mix_CloseAudio();
+        }
         Mix_Quit();
         SDL_QuitSubSystem(SDL_INIT_AUDIO);
     }
     u.stato = Uscita::Stato::chiusa;
+    u.a_riposo = false;
 }
 
 // Whether the file begins as a Standard MIDI File: a header chunk of at least
@@ -160,16 +196,28 @@ struct LettoreSdl {
         struct Congedo {
             ~Congedo() { SDL_TLSCleanup(); }
         } congedo;
+        // After some work, three idle seconds are a silence worth a look.
+        bool da_guardare = false;
         for (;;) {
             std::function<void()> compito;
             {
                 std::unique_lock blocco(m);
-                cv.wait(blocco, [this] { return basta || !coda.empty(); });
+                auto pronto = [this] { return basta || !coda.empty(); };
+                if (!da_guardare) {
+                    cv.wait(blocco, pronto);
+                } else if (!cv.wait_for(blocco, std::chrono::seconds(3), pronto)) {
+                    blocco.unlock();
+                    Uscita& u = uscita();
+                    std::lock_guard blocco_uscita(u.m);
+                    da_guardare = riposa_se_in_silenzio(u);
+                    continue;
+                }
                 if (coda.empty()) return;
                 compito = std::move(coda.front());
                 coda.pop_front();
             }
             compito();
+            da_guardare = true;
         }
     }
 
@@ -196,13 +244,13 @@ struct LettoreSdl {
     // ---- the commands, on the worker ----
     void apri(const std::string& percorso) {
         chiudi();
-        if (!apri_uscita()) return;
+        Uscita& u = uscita();
+        std::lock_guard blocco(u.m);
+        if (!apri_uscita(u)) return;
         if (tipo == TipoDispositivo::Sequencer) {
             if (sembra_midi(percorso)) musica = Mix_LoadMUS(percorso.c_str());
-            if (riserva != nullptr) {
-                Mix_FreeMusic(riserva);
-                riserva = nullptr;
-            }
+            if (musica != nullptr) ++u.brani_caricati;
+            libera_riserva(u);
         } else {
             suono = Mix_LoadWAV(percorso.c_str());
         }
@@ -211,17 +259,18 @@ struct LettoreSdl {
     }
 
     void suona_adesso(std::uint64_t gen) {
+        Uscita& u = uscita();
+        std::lock_guard blocco(u.m);
         if (tipo == TipoDispositivo::WaveAudio) {
             // On its own channel, a new start cuts the sound that is still
             // running and begins it again.
-            if (suono != nullptr) Mix_PlayChannel(canale, suono, 0);
+            if (suono != nullptr && apri_uscita(u)) Mix_PlayChannel(canale, suono, 0);
             return;
         }
         if (musica == nullptr) return;
         const bool in_corso = Mix_PlayingMusic() != 0;
         if (in_corso && !da_capo) return;
         da_capo = false;
-        Uscita& u = uscita();
         if (in_corso) {
             u.brano = 0;
             Mix_HaltMusic();
@@ -231,31 +280,40 @@ struct LettoreSdl {
     }
 
     void chiudi() {
+        Uscita& u = uscita();
+        std::lock_guard blocco(u.m);
         if (musica != nullptr) {
             if (Mix_PlayingMusic() != 0) {
                 // Halting calls the hook at once; with no song on record it
                 // reports nothing.
-                uscita().brano = 0;
+                u.brano = 0;
                 Mix_HaltMusic();
             }
-            if (riserva != nullptr) Mix_FreeMusic(riserva);
+            libera_riserva(u);
             riserva = musica;
             musica = nullptr;
         }
         if (suono != nullptr) {
-            Mix_HaltChannel(canale);
+            // A device at rest plays nothing, and has no channels to halt.
+            if (!u.a_riposo) Mix_HaltChannel(canale);
             Mix_FreeChunk(suono);
             suono = nullptr;
         }
         aperto = false;
     }
 
+    void libera_riserva(Uscita& u) {
+        if (riserva == nullptr) return;
+        Mix_FreeMusic(riserva);
+        riserva = nullptr;
+        --u.brani_caricati;
+    }
+
     void libera_tutto() {
         chiudi();
-        if (riserva != nullptr) {
-            Mix_FreeMusic(riserva);
-            riserva = nullptr;
-        }
+        Uscita& u = uscita();
+        std::lock_guard blocco(u.m);
+        libera_riserva(u);
     }
 
     // ---- the end of a song, on the caller's thread ----
@@ -310,7 +368,7 @@ MediaSdl::~MediaSdl() {
     u.sequencer.compare_exchange_strong(questo, nullptr);
     // Setting the hook takes the audio lock, so a hook that is running has
     // finished when this returns, and none will find this player again.
-    if (u.stato == Uscita::Stato::aperta) Mix_HookMusicFinished(fine_musica);
+    if (u.stato == Uscita::Stato::aperta && !u.a_riposo) Mix_HookMusicFinished(fine_musica);
     if (--u.giocatori == 0) chiudi_uscita(u);
 }
 
@@ -348,7 +406,9 @@ bool MediaSdl::suona() const {
     LettoreSdl* p = d_.get();
     p->esegui(
         [p, &risposta] {
-            if (!p->aperto) return;
+            Uscita& u = uscita();
+            std::lock_guard blocco(u.m);
+            if (!p->aperto || u.a_riposo) return;
             risposta = p->tipo == TipoDispositivo::Sequencer ? Mix_PlayingMusic() != 0 : Mix_Playing(p->canale) != 0;
         },
         true);
@@ -356,9 +416,12 @@ bool MediaSdl::suona() const {
 }
 
 std::string font_gm_di_sistema() {
-    // Debian points the first two at the General MIDI font it has installed;
-    // the others are where other systems keep one.
+    // The synthesizer holds a whole font in memory, so the small TimGM6mb
+    // (6 MB) comes first: with it the game stays near 50 MB, where FluidR3's
+    // 148 MB would take it past 200. Then the General MIDI font that Debian
+    // points at, and where other systems keep one.
     static const char* const luoghi[] = {
+        "/usr/share/sounds/sf2/TimGM6mb.sf2",
         "/usr/share/sounds/sf3/default-GM.sf3", "/usr/share/sounds/sf2/default-GM.sf2",
         "/usr/share/sounds/sf2/FluidR3_GM.sf2", "/usr/share/soundfonts/default.sf2",
         "/usr/share/soundfonts/FluidR3_GM.sf2",

@@ -1,0 +1,213 @@
+// The whole program on its real windows: the table and the score sheet, the
+// real timers at "High", every move made by a mouse click on the widgets at
+// the place the game's state gives, on an offscreen screen of 1024 x 768. A
+// witness counts what each side takes as a person watching the table would,
+// and the sheet must show the same.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QTest>
+#include <cmath>
+#include <fstream>
+
+#include "banco.h"
+#include "headless/giocatore_casuale.h"
+#include "table/applicazione.h"
+#include "table/immagini.h"
+
+// Texts of the sheet in failure messages.
+inline void PrintTo(const QString& testo, std::ostream* os) { *os << '"' << testo.toStdString() << '"'; }
+
+namespace lesta {
+namespace {
+
+constexpr int attesa_massima_ms = 120'000;  // one wait of the game, at most
+
+Immagini& immagini() {
+    static Immagini tutte;
+    return tutte;
+}
+
+// What each side has taken in the hand, from the moves alone.
+class Testimone final : public Osservatore {
+public:
+    void mossa_eseguita(const Frmlesta& f) override {
+        ++mosse;
+        if (mosse == 37) {  // the cards left on the table, to the last side to capture
+            for (int i = 1; i <= f.quante; ++i) prende(f.ultima_presa, f.presa[i]);
+            return;
+        }
+        const int lato = f.turno;
+        const auto r = static_cast<std::size_t>(f.riga), c = static_cast<std::size_t>(f.colonna);
+        const bool posata = f.quante == 0 && r >= 1 && r <= 3 && c >= 1 && c <= 4 && f.tavolo[r][c] == f.carta_giocata;
+        if (posata) return;
+        prende(lato, f.carta_giocata);
+        for (int i = 1; i <= f.quante; ++i) prende(lato, f.presa[i]);
+        // A capture that empties the table is a sweep, but for the last card.
+        bool vuoto = true;
+        for (int rr = 1; rr <= 3; ++rr)
+            for (int cc = 1; cc <= 4; ++cc) vuoto = vuoto && f.tavolo[rr][cc] == 0;
+        if (vuoto && f.quante > 0 && mosse < 36) ++leste[lato];
+    }
+
+    void prende(int lato, Carta c) {
+        if (c == 0) return;
+        ++carte[lato];
+        if (denaro(c)) ++denari[lato];
+        if (c == settebello_carta) settebello = lato;
+    }
+
+    int mosse = 0;
+    std::array<int, 3> carte{}, denari{}, leste{};
+    int settebello = 0;
+};
+
+class PartitaVera {
+public:
+    explicit PartitaVera(std::uint32_t seme)
+        : lesta_(immagini(), con_impostazioni(cartella_.percorso())),
+          giocatore_(lesta_.gioco(), seme, [this](float x, float y) { clic_tavolo(x, y); }) {}
+
+    Applicazione& lesta() { return lesta_; }
+    FinestraPunteggioQt& foglio() { return lesta_.foglio(); }
+    Testimone& testimone() { return testimone_; }
+
+    void avvia() {
+        lesta_.avvia();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&lesta_.tavolo()));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return widget(Controllo::GO)->isVisible(); }, 5000));
+    }
+
+    // The start panel: a kind of match, then GO.
+    void scegli(int tipo) {
+        QTest::mouseClick(widget(Option1(tipo)), Qt::LeftButton);
+        testimone_ = {};
+        lesta_.gioco().osservatore = &testimone_;
+        QTest::mouseClick(widget(Controllo::GO), Qt::LeftButton);
+    }
+
+    // Plays the hand under way until the sheet comes up; false if the game
+    // stops waiting for anything.
+    bool gioca_mano() {
+        const Frmlesta& f = lesta_.gioco();
+        auto tocca_al_giocatore = [&] {
+            return (f.modo == Modo::gioco1 && f.carta_giocata == 0) || f.modo == Modo::selezione;
+        };
+        // The sheet stays up behind the table between hands: what counts is
+        // that it shows a finished hand that no button has answered yet.
+        auto foglio_pronto = [&] { return foglio().isVisible() && foglio().frm().attende_scelta; };
+        while (true) {
+            if (!QTest::qWaitFor([&] { return foglio_pronto() || tocca_al_giocatore(); }, attesa_massima_ms))
+                return false;
+            if (foglio_pronto()) return true;
+            if (!giocatore_.clic()) return false;
+        }
+    }
+
+    // The sheet's button: the next hand, or back to the start panel.
+    void continua() {
+        testimone_ = {};
+        QTest::mouseClick(foglio().bottone(1), Qt::LeftButton);
+    }
+
+    QString dato(int indice) { return lesta_.foglio().etichetta({Gruppo::LBLdat, indice})->text(); }
+    QString totale(int lato) { return lesta_.foglio().etichetta({Gruppo::lblTot, lato - 1})->text(); }
+    QWidget* widget(Controllo c) { return lesta_.tavolo().widget(c); }
+
+private:
+    static std::filesystem::path con_impostazioni(const std::filesystem::path& cartella) {
+        std::ofstream(cartella / "Config.brx", std::ios::binary) << " 3 \r\n 0 \r\n 75 \r\n";  // High, no music
+        return cartella;
+    }
+
+    // A click on the table at a point in logical units, as the mouse makes it.
+    void clic_tavolo(float x, float y) {
+        SuperficieQt& s = lesta_.tavolo().superficie();
+        const QPoint pixel(static_cast<int>(std::lround(x * s.width() / 800.0)),
+                           static_cast<int>(std::lround(y * s.height() / 600.0)));
+        QTest::mouseClick(&s, Qt::LeftButton, {}, pixel);
+    }
+
+    prova::CartellaTemporanea cartella_;
+    Applicazione lesta_;
+    GiocatoreCasuale giocatore_;
+    Testimone testimone_;
+};
+
+QString numero(int n) { return QStringLiteral(" %1").arg(n); }
+QString si_no(bool si) { return si ? QStringLiteral("YES") : QStringLiteral("NO"); }
+
+// The points of one side's row as the sheet shows it.
+int punti_della_riga(PartitaVera& p, int primo) {
+    return (p.dato(primo).toInt() > 20) + (p.dato(primo + 1).toInt() > 5) + (p.dato(primo + 2) == "YES") +
+           (p.dato(primo + 3) == "YES") + p.dato(primo + 4).toInt();
+}
+
+// Checks the hand's row against the witness; returns the points of the hand.
+std::array<int, 3> controlla_riga(PartitaVera& p, int riga) {
+    const Testimone& t = p.testimone();
+    const int primo = 13 + 10 * riga;
+    EXPECT_EQ(t.mosse, 37);
+    EXPECT_EQ(t.carte[1] + t.carte[2], 40);
+    EXPECT_EQ(p.dato(primo), numero(t.carte[1]));
+    EXPECT_EQ(p.dato(primo + 5), numero(t.carte[2]));
+    EXPECT_EQ(p.dato(primo + 1), numero(t.denari[1]));
+    EXPECT_EQ(p.dato(primo + 6), numero(t.denari[2]));
+    EXPECT_EQ(p.dato(primo + 3), si_no(t.settebello == 1));
+    EXPECT_EQ(p.dato(primo + 8), si_no(t.settebello == 2));
+    EXPECT_FALSE(p.dato(primo + 2) == "YES" && p.dato(primo + 7) == "YES");
+    EXPECT_EQ(p.dato(primo + 4), numero(t.leste[1]));
+    EXPECT_EQ(p.dato(primo + 9), numero(t.leste[2]));
+    return {0, punti_della_riga(p, primo), punti_della_riga(p, primo + 5)};
+}
+
+TEST(FinestreVere, TheScreenIsLargeEnoughForTheGame) {
+    // Without this, the game ends at its screen check and nothing below runs.
+    ASSERT_GE(QGuiApplication::primaryScreen()->availableGeometry().width(), 1024);
+}
+
+TEST(FinestreVere, ASingleHandPlayedByMouseEndsOnASheetThatAgreesWithTheTable) {
+    PartitaVera p(11);
+    p.avvia();
+    p.scegli(0);
+    ASSERT_TRUE(p.gioca_mano());
+    const auto punti = controlla_riga(p, 0);
+    EXPECT_EQ(p.totale(1), numero(punti[1]));
+    EXPECT_EQ(p.totale(2), numero(punti[2]));
+    EXPECT_EQ(p.foglio().bottone(1)->text(), "NEW GAME");
+
+    p.continua();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return p.widget(Controllo::GO)->isVisible(); }, 10'000));
+}
+
+TEST(FinestreVere, AMatchTo11GoesOnUntilASideHasWonAndThenStartsAgain) {
+    PartitaVera p(5);
+    p.avvia();
+    // The same real timers, with the pause's divisor at the top of its byte:
+    // a unit of 25 ms instead of High's 216, and the match in about a minute
+    // instead of six.
+    p.lesta().gioco().velocita = 255;
+    p.scegli(1);
+    std::array<int, 3> totali{};
+    for (int riga = 0;; ++riga) {
+        ASSERT_LT(riga, 12) << "a match to 11 that never ends";
+        ASSERT_TRUE(p.gioca_mano()) << "hand " << riga + 1;
+        const auto punti = controlla_riga(p, riga);
+        totali[1] += punti[1];
+        totali[2] += punti[2];
+        EXPECT_EQ(p.totale(1), numero(totali[1]));
+        EXPECT_EQ(p.totale(2), numero(totali[2]));
+        const bool finita = totali[1] != totali[2] && std::max(totali[1], totali[2]) >= 11;
+        ASSERT_EQ(p.foglio().bottone(1)->text(), finita ? "NEW GAME" : "CONTINUE");
+        p.continua();
+        if (finita) break;
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return p.widget(Controllo::GO)->isVisible(); }, 10'000));
+}
+
+}  // namespace
+}  // namespace lesta

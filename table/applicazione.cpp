@@ -105,7 +105,10 @@ void Applicazione::End() {
     if (finito_) return;
     finito_ = true;
     orologio_.ferma();
-    QCoreApplication::quit();
+    // Not quit(): that first asks every window to close, and the table and
+    // the score sheet refuse (their close control is an event of the game),
+    // so the program would go on.
+    QCoreApplication::exit(0);
 }
 
 void Applicazione::messaggio_e_fine(std::string_view messaggio) {

@@ -5,7 +5,11 @@
 namespace lesta {
 
 Frmlesta::Frmlesta(Piattaforma p, ModLesta& m, std::filesystem::path cartella_programma)
-    : mod(m), piattaforma(p), finestra(p.finestra), cartella(std::move(cartella_programma)) {
+    : mod(m),
+      piattaforma(p),
+      finestra(p.finestra),
+      cartella(std::move(cartella_programma)),
+      posto_impostazioni(scegli_posto_impostazioni(cartella, true, {})) {
     for (int i = 0; i < numero_controlli; ++i) {
         const auto c = static_cast<Controllo>(i);
         controlli[indice(c)] = {rettangolo_iniziale(c), visibile_iniziale(c), ++ultimo_z_};

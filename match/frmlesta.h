@@ -20,6 +20,7 @@
 #include "match/stato.h"
 #include "sound/media.h"
 #include "table/finestra.h"
+#include "table/posto_impostazioni.h"
 #include "turns/orologio.h"
 #include "turns/task.h"
 
@@ -215,6 +216,9 @@ public:
     Finestra& finestra;
     Osservatore* osservatore = nullptr;
     std::filesystem::path cartella;  // the program's folder
+    // Where Config.brx is read and written: the program's folder unless told
+    // otherwise (table/posto_impostazioni.h).
+    PostoImpostazioni posto_impostazioni;
 
 private:
     static constexpr std::size_t indice(Controllo c) { return static_cast<std::size_t>(c); }

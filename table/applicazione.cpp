@@ -14,6 +14,9 @@ Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
     : tavolo_(immagini),
       foglio_(immagini, mod_),
       frm_(Piattaforma{tavolo_, orologio_, casuale_, musica_, suono_, *this}, mod_, std::move(cartella)) {
+    // The program folder's settings file, or the player's own when the game
+    // is installed where the player may not write.
+    frm_.posto_impostazioni = trova_posto_impostazioni(frm_.cartella);
     orologio_.al_timer2 = [this] { frm_.Timer2_Timer(); };
 
     connect(&tavolo_, &FinestraTavolo::go, this, [this] { evento([this] { frm_.GO_Click(); }); });
@@ -102,7 +105,10 @@ void Applicazione::End() {
     if (finito_) return;
     finito_ = true;
     orologio_.ferma();
-    QCoreApplication::quit();
+    // Not quit(): that first asks every window to close, and the table and
+    // the score sheet refuse (their close control is an event of the game),
+    // so the program would go on.
+    QCoreApplication::exit(0);
 }
 
 void Applicazione::messaggio_e_fine(std::string_view messaggio) {

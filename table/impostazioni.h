@@ -1,6 +1,7 @@
 #pragma once
-// The settings file Config.brx beside the program: three numbers, one a line,
-// each with a blank before and after it and the line ended by CR LF:
+// The settings file Config.brx (where it lives: table/posto_impostazioni.h):
+// three numbers, one a line, each with a blank before and after it and the
+// line ended by CR LF:
 //   line 1  the play rate, 1 "Low", 2 "Middle", 3 "High"
 //   line 2  the music: 0 none, 1..n a song, 101 all songs in turn
 //   line 3  the card scale in per cent

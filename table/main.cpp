@@ -41,6 +41,8 @@ private:
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Lesta"));
+    // The menu entry the package installs, so that desktops show its icon.
+    QApplication::setDesktopFileName(QStringLiteral("lesta.gioco.Lesta"));
 
     lesta::Immagini immagini;
     // The settings, the songs and the card sound live beside the program.

@@ -173,6 +173,26 @@ TEST(Applicazione, AScreenOf800PixelsGetsTheMessageAndTheProgramEndsOnOk) {
     EXPECT_FALSE(lesta.gioco().Visible(Controllo::GO));
 }
 
+// The event loop itself ends, though the table refuses to close: the
+// program's exec() gives 0, not the 1 of the timer that stops a loop that
+// would go on.
+TEST(Applicazione, QuitAndTheCloseControlEndTheEventLoop) {
+    prova::CartellaTemporanea cartella;
+    for (bool da_menu : {true, false}) {
+        Applicazione lesta(immagini(), cartella.percorso());
+        lesta.avvia();
+        QTimer::singleShot(0, &lesta, [&lesta, da_menu] {
+            if (da_menu) lesta.tavolo().voce_esci()->trigger();
+            else lesta.tavolo().close();
+        });
+        QTimer scaduto;
+        scaduto.setSingleShot(true);
+        QObject::connect(&scaduto, &QTimer::timeout, [] { QCoreApplication::exit(1); });
+        scaduto.start(5000);
+        EXPECT_EQ(QApplication::exec(), 0) << (da_menu ? "QUIT" : "the close control");
+    }
+}
+
 TEST(Applicazione, QuitAndTheCloseControlEndTheProgramAtOnce) {
     prova::CartellaTemporanea cartella;
     {

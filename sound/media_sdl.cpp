@@ -7,6 +7,7 @@
 #include <array>
 #include <atomic>
 #include <cctype>
+#include <malloc.h>
 #include <chrono>
 #include <condition_variable>
 #include <cstring>
@@ -148,6 +149,14 @@ bool sembra_midi(const std::string& percorso) {
     return in.gcount() == 4 && std::memcmp(traccia, "MTrk", 4) == 0;
 }
 
+// Loading a song leaves the synthesizer's scratch memory free but held by
+// this thread's heap; it goes back to the system as the work ends.
+void rendi_memoria_libera() {
+#if defined(__GLIBC__)
+    malloc_trim(0);
+#endif
+}
+
 bool parola(std::string_view comando, std::string_view attesa) {
     if (comando.size() != attesa.size()) return false;
     for (std::size_t i = 0; i < comando.size(); ++i) {
@@ -218,6 +227,7 @@ struct LettoreSdl {
             }
             compito();
             da_guardare = true;
+            rendi_memoria_libera();
         }
     }
 

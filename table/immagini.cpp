@@ -45,12 +45,6 @@ Immagini::Immagini() { registra_disegni(); }
 
 Immagini::~Immagini() = default;
 
-QSvgRenderer* Immagini::disegno(Figura figura) {
-    auto& disegno = disegni_[static_cast<std::size_t>(figura) - 1];
-    if (!disegno) disegno = std::make_unique<QSvgRenderer>(percorso(figura));
-    return disegno->isValid() ? disegno.get() : nullptr;
-}
-
 QImage Immagini::immagine(Figura figura, QSize pixel) {
     if (!valida(figura) || pixel.isEmpty()) return {};
     const quint64 chiave = (quint64{static_cast<std::uint8_t>(figura)} << 48) |
@@ -59,8 +53,11 @@ QImage Immagini::immagine(Figura figura, QSize pixel) {
     if (const auto trovata = cache_.constFind(chiave); trovata != cache_.constEnd()) {
         return *trovata;
     }
-    QSvgRenderer* svg = disegno(figura);
-    if (svg == nullptr) return {};
+    // The drawing is read for the render and let go: a parsed drawing holds
+    // far more memory than its picture, and a new size (the only reason to
+    // read it again) is rare.
+    QSvgRenderer svg(percorso(figura));
+    if (!svg.isValid()) return {};
 
     QImage immagine(pixel, QImage::Format_ARGB32_Premultiplied);
     // A card is opaque: whatever the edge pixels only partly cover stays table green.
@@ -69,7 +66,7 @@ QImage Immagini::immagine(Figura figura, QSize pixel) {
         QPainter pittore(&immagine);
         pittore.setRenderHint(QPainter::Antialiasing);
         pittore.setRenderHint(QPainter::SmoothPixmapTransform);
-        svg->render(&pittore, QRectF(0, 0, pixel.width(), pixel.height()));
+        svg.render(&pittore, QRectF(0, 0, pixel.width(), pixel.height()));
     }
     ++rese_;
     cache_.insert(chiave, immagine);

@@ -35,9 +35,6 @@ public:
     QSize misura_disegno(Figura figura) const;
 
 private:
-    QSvgRenderer* disegno(Figura figura);
-
-    std::array<std::unique_ptr<QSvgRenderer>, numero_figure> disegni_;
     QHash<quint64, QImage> cache_;
     int rese_ = 0;
 };

@@ -1,7 +1,7 @@
 #include "sound/media_sdl.h"
 
-#include <SDL.h>
-#include <SDL_mixer.h>
+#include "sound/libreria_sdl.h"
+
 
 #include <QObject>
 #include <array>
@@ -47,6 +47,10 @@ Uscita& uscita() {
     return u;
 }
 
+// The libraries, once the first open has loaded them: everything below
+// that plays, loads or frees runs only after that.
+const LibreriaSdl& sdl() { return *libreria_sdl_caricata(); }
+
 constexpr int canali_del_mixer = 8;
 constexpr int frequenza = 44100;
 constexpr Uint16 formato = AUDIO_S16SYS;
@@ -56,9 +60,9 @@ void fine_musica();
 
 // Takes the device in the one format the loaded sound was converted to.
 bool prendi_dispositivo() {
-    if (Mix_OpenAudioDevice(frequenza, formato, canali_stereo, 1024, nullptr, 0) != 0) return false;
-    Mix_AllocateChannels(canali_del_mixer);
-    Mix_HookMusicFinished(fine_musica);
+    if (sdl().Mix_OpenAudioDevice(frequenza, formato, canali_stereo, 1024, nullptr, 0) != 0) return false;
+    sdl().Mix_AllocateChannels(canali_del_mixer);
+    sdl().Mix_HookMusicFinished(fine_musica);
     return true;
 }
 
@@ -73,16 +77,20 @@ bool apri_uscita(Uscita& u) {
         return !u.a_riposo;
     }
 
-    // Qt keeps the signals of the process; SDL must not take them.
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
-    if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
+    if (libreria_sdl() == nullptr) {
         u.stato = Uscita::Stato::mancante;
         return false;
     }
-    Mix_Init(MIX_INIT_MID);
+    // Qt keeps the signals of the process; SDL must not take them.
+    sdl().SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
+    if (sdl().SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
+        u.stato = Uscita::Stato::mancante;
+        return false;
+    }
+    sdl().Mix_Init(MIX_INIT_MID);
     if (!prendi_dispositivo()) {
-        Mix_Quit();
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        sdl().Mix_Quit();
+        sdl().SDL_QuitSubSystem(SDL_INIT_AUDIO);
         u.stato = Uscita::Stato::mancante;
         return false;
     }
@@ -90,7 +98,7 @@ bool apri_uscita(Uscita& u) {
     // system's General MIDI font whatever the library would guess by itself.
     // (The library still lets a user impose another one, with
     // SDL_FORCE_SOUNDFONTS=1 and SDL_SOUNDFONTS.)
-    if (const std::string font = font_gm_di_sistema(); !font.empty()) Mix_SetSoundFonts(font.c_str());
+    if (const std::string font = font_gm_di_sistema(); !font.empty()) sdl().Mix_SetSoundFonts(font.c_str());
     u.stato = Uscita::Stato::aperta;
     u.a_riposo = false;
     return true;
@@ -104,9 +112,9 @@ bool apri_uscita(Uscita& u) {
 // u.m held; true while a silence may still come that lets the device go.
 bool riposa_se_in_silenzio(Uscita& u) {
     if (u.stato != Uscita::Stato::aperta || u.a_riposo || u.brani_caricati > 0) return false;
-    if (Mix_Playing(-1) != 0) return true;
-    Mix_HookMusicFinished(nullptr);
-    Mix_CloseAudio();
+    if (sdl().Mix_Playing(-1) != 0) return true;
+    sdl().Mix_HookMusicFinished(nullptr);
+    sdl().Mix_CloseAudio();
     u.a_riposo = true;
     return false;
 }
@@ -116,11 +124,11 @@ bool riposa_se_in_silenzio(Uscita& u) {
 void chiudi_uscita(Uscita& u) {
     if (u.stato == Uscita::Stato::aperta) {
         if (!u.a_riposo) {
-            Mix_HookMusicFinished(nullptr);
-            Mix_CloseAudio();
+            sdl().Mix_HookMusicFinished(nullptr);
+            sdl().Mix_CloseAudio();
         }
-        Mix_Quit();
-        SDL_QuitSubSystem(SDL_INIT_AUDIO);
+        sdl().Mix_Quit();
+        sdl().SDL_QuitSubSystem(SDL_INIT_AUDIO);
     }
     u.stato = Uscita::Stato::chiusa;
     u.a_riposo = false;
@@ -203,7 +211,9 @@ struct LettoreSdl {
         // SDL keeps data of its own (its error text) for each thread it did
         // not start itself; this one gives it back as it ends.
         struct Congedo {
-            ~Congedo() { SDL_TLSCleanup(); }
+            ~Congedo() {
+                if (const LibreriaSdl* l = libreria_sdl_caricata()) l->SDL_TLSCleanup();
+            }
         } congedo;
         // After some work, three idle seconds are a silence worth a look.
         bool da_guardare = false;
@@ -258,11 +268,11 @@ struct LettoreSdl {
         std::lock_guard blocco(u.m);
         if (!apri_uscita(u)) return;
         if (tipo == TipoDispositivo::Sequencer) {
-            if (sembra_midi(percorso)) musica = Mix_LoadMUS(percorso.c_str());
+            if (sembra_midi(percorso)) musica = sdl().Mix_LoadMUS(percorso.c_str());
             if (musica != nullptr) ++u.brani_caricati;
             libera_riserva(u);
         } else {
-            suono = Mix_LoadWAV(percorso.c_str());
+            suono = sdl().Mix_LoadWAV_RW(sdl().SDL_RWFromFile(percorso.c_str(), "rb"), 1);
         }
         da_capo = false;
         aperto = musica != nullptr || suono != nullptr;
@@ -274,30 +284,30 @@ struct LettoreSdl {
         if (tipo == TipoDispositivo::WaveAudio) {
             // On its own channel, a new start cuts the sound that is still
             // running and begins it again.
-            if (suono != nullptr && apri_uscita(u)) Mix_PlayChannel(canale, suono, 0);
+            if (suono != nullptr && apri_uscita(u)) sdl().Mix_PlayChannelTimed(canale, suono, 0, -1);
             return;
         }
         if (musica == nullptr) return;
-        const bool in_corso = Mix_PlayingMusic() != 0;
+        const bool in_corso = sdl().Mix_PlayingMusic() != 0;
         if (in_corso && !da_capo) return;
         da_capo = false;
         if (in_corso) {
             u.brano = 0;
-            Mix_HaltMusic();
+            sdl().Mix_HaltMusic();
         }
         u.brano = gen;
-        if (Mix_PlayMusic(musica, 0) != 0) u.brano = 0;
+        if (sdl().Mix_PlayMusic(musica, 0) != 0) u.brano = 0;
     }
 
     void chiudi() {
         Uscita& u = uscita();
         std::lock_guard blocco(u.m);
         if (musica != nullptr) {
-            if (Mix_PlayingMusic() != 0) {
+            if (sdl().Mix_PlayingMusic() != 0) {
                 // Halting calls the hook at once; with no song on record it
                 // reports nothing.
                 u.brano = 0;
-                Mix_HaltMusic();
+                sdl().Mix_HaltMusic();
             }
             libera_riserva(u);
             riserva = musica;
@@ -305,8 +315,8 @@ struct LettoreSdl {
         }
         if (suono != nullptr) {
             // A device at rest plays nothing, and has no channels to halt.
-            if (!u.a_riposo) Mix_HaltChannel(canale);
-            Mix_FreeChunk(suono);
+            if (!u.a_riposo) sdl().Mix_HaltChannel(canale);
+            sdl().Mix_FreeChunk(suono);
             suono = nullptr;
         }
         aperto = false;
@@ -314,7 +324,7 @@ struct LettoreSdl {
 
     void libera_riserva(Uscita& u) {
         if (riserva == nullptr) return;
-        Mix_FreeMusic(riserva);
+        sdl().Mix_FreeMusic(riserva);
         riserva = nullptr;
         --u.brani_caricati;
     }
@@ -378,7 +388,7 @@ MediaSdl::~MediaSdl() {
     u.sequencer.compare_exchange_strong(questo, nullptr);
     // Setting the hook takes the audio lock, so a hook that is running has
     // finished when this returns, and none will find this player again.
-    if (u.stato == Uscita::Stato::aperta && !u.a_riposo) Mix_HookMusicFinished(fine_musica);
+    if (u.stato == Uscita::Stato::aperta && !u.a_riposo) sdl().Mix_HookMusicFinished(fine_musica);
     if (--u.giocatori == 0) chiudi_uscita(u);
 }
 
@@ -419,7 +429,7 @@ bool MediaSdl::suona() const {
             Uscita& u = uscita();
             std::lock_guard blocco(u.m);
             if (!p->aperto || u.a_riposo) return;
-            risposta = p->tipo == TipoDispositivo::Sequencer ? Mix_PlayingMusic() != 0 : Mix_Playing(p->canale) != 0;
+            risposta = p->tipo == TipoDispositivo::Sequencer ? sdl().Mix_PlayingMusic() != 0 : sdl().Mix_Playing(p->canale) != 0;
         },
         true);
     return risposta;

@@ -1,19 +1,17 @@
 #include "sound/media_sdl.h"
 
 #include "sound/libreria_sdl.h"
+#include "sound/sembra_midi.h"
 
+#include <malloc.h>
 
 #include <QObject>
-#include <array>
 #include <atomic>
 #include <cctype>
-#include <malloc.h>
 #include <chrono>
 #include <condition_variable>
-#include <cstring>
 #include <deque>
 #include <filesystem>
-#include <fstream>
 #include <future>
 #include <mutex>
 #include <thread>
@@ -132,29 +130,6 @@ void chiudi_uscita(Uscita& u) {
     }
     u.stato = Uscita::Stato::chiusa;
     u.a_riposo = false;
-}
-
-// Whether the file begins as a Standard MIDI File: a header chunk of at least
-// six bytes that announces one track or more, and a first track chunk after
-// it. The synthesizer reads a song only when it starts to play it, and would
-// take any file that ends in ".mid"; what it cannot read is not opened.
-bool sembra_midi(const std::string& percorso) {
-    std::ifstream in(percorso, std::ios::binary);
-    std::array<unsigned char, 22> testa{};
-    in.read(reinterpret_cast<char*>(testa.data()), static_cast<std::streamsize>(testa.size()));
-    if (in.gcount() < 22) return false;
-    const auto grande = [&testa](std::size_t da, int byte) {
-        std::uint32_t v = 0;
-        for (int i = 0; i < byte; ++i) v = v << 8 | testa[da + static_cast<std::size_t>(i)];
-        return v;
-    };
-    if (std::memcmp(testa.data(), "MThd", 4) != 0) return false;
-    const std::uint32_t lunghezza = grande(4, 4);
-    if (lunghezza < 6 || grande(10, 2) == 0) return false;
-    in.seekg(static_cast<std::streamoff>(8 + lunghezza));
-    char traccia[4] = {};
-    in.read(traccia, 4);
-    return in.gcount() == 4 && std::memcmp(traccia, "MTrk", 4) == 0;
 }
 
 // Loading a song leaves the synthesizer's scratch memory free but held by

@@ -3,7 +3,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <fstream>
 #include <optional>
 
@@ -29,12 +28,28 @@ std::optional<double> prossimo_numero(std::string_view testo, std::size_t& pos) 
 
 bool intero(double v) { return v == std::floor(v); }
 
-// A number as the file holds it: whole values without a fraction, others with
-// up to seven significant digits, a blank before and after.
-std::string numero(double v) {
-    std::array<char, 32> testo{};
-    std::snprintf(testo.data(), testo.size(), "%.7g", v);
-    return " " + std::string(testo.data()) + " ";
+// The card scale for the per cent in the file.
+float scala_da_percento(double percento) { return static_cast<float>(percento / 100.0); }
+
+// A number as the file holds it, a blank before and after.
+std::string numero(std::string_view cifre) { return " " + std::string(cifre) + " "; }
+
+// The scale in per cent, with the fewest decimals that read back as the same
+// scale: "75", "74.5", and as many as it takes for one written by hand with
+// more digits than the game keeps. The point is a point whatever the user's
+// language (Qt sets the C library's locale from it, and printf would write
+// "74,5").
+std::string percento(float scala) {
+    std::array<char, 64> testo{};
+    char* fine = testo.data();
+    for (int decimali = 0; decimali <= 17; ++decimali) {
+        fine = std::to_chars(testo.data(), testo.data() + testo.size(), scala * 100.0, std::chars_format::fixed,
+                             decimali).ptr;
+        double letto = 0;
+        std::from_chars(testo.data(), fine, letto);
+        if (scala_da_percento(letto) == scala) break;
+    }
+    return numero({testo.data(), fine});
 }
 
 }  // namespace
@@ -50,14 +65,14 @@ Impostazioni leggi_impostazioni(std::string_view testo) {
         lette.canzone = static_cast<std::int16_t>(*v);
 
     if (auto v = prossimo_numero(testo, pos); v && *v >= 25 && *v <= 100)
-        lette.scala = static_cast<float>(*v) / 100.0f;
+        lette.scala = scala_da_percento(*v);
 
     return lette;
 }
 
 std::string scrivi_impostazioni(const Impostazioni& impostazioni) {
-    return numero(impostazioni.velocita) + "\r\n" + numero(impostazioni.canzone) + "\r\n" +
-           numero(static_cast<float>(impostazioni.scala * 100.0f)) + "\r\n";
+    return numero(std::to_string(impostazioni.velocita)) + "\r\n" + numero(std::to_string(impostazioni.canzone)) +
+           "\r\n" + percento(impostazioni.scala) + "\r\n";
 }
 
 Impostazioni Set_Read(const std::filesystem::path& file) {

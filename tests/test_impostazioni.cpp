@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <cstdio>
 #include <fstream>
 #include <random>
 
@@ -39,8 +43,26 @@ TEST(FileImpostazioni, MiddleSequentialAndThreeQuartersAreTheEighteenBytesOfTheG
 
 TEST(FileImpostazioni, WhatIsReadIsWrittenBackUnchanged) {
     for (std::string_view testo : {" 3 \r\n 0 \r\n 75 \r\n", " 1 \r\n 7 \r\n 74 \r\n", " 2 \r\n 100 \r\n 74.5 \r\n",
-                                   " 3 \r\n 1 \r\n 25 \r\n", " 1 \r\n 0 \r\n 100 \r\n"}) {
+                                   " 3 \r\n 1 \r\n 25 \r\n", " 1 \r\n 0 \r\n 100 \r\n", " 2 \r\n 28 \r\n 52.6 \r\n"}) {
         EXPECT_EQ(scrivi_impostazioni(leggi_impostazioni(testo)), testo) << testo;
+    }
+}
+
+// A scale written by hand with more digits than the game keeps is written
+// back, when the player changes the rate, as the very scale that was read.
+TEST(FileImpostazioni, EveryScaleTheFileCanGiveIsWrittenBackAsItself) {
+    const auto torna_uguale = [](const std::string& percento) {
+        const Impostazioni lette = leggi_impostazioni(" 2 \r\n 0 \r\n " + percento + " \r\n");
+        return leggi_impostazioni(scrivi_impostazioni(lette)).scala == lette.scala;
+    };
+    for (const char* percento : {"52.6", "25.0000019", "25.0000114", "33.3333333", "66.666666666666", "99.9999999"})
+        EXPECT_TRUE(torna_uguale(percento)) << percento;
+
+    // Every float from 25 to 100 per cent, in steps of 101 of them.
+    for (auto bit = std::bit_cast<std::uint32_t>(25.0f); bit <= std::bit_cast<std::uint32_t>(100.0f); bit += 101) {
+        std::array<char, 32> percento{};
+        std::snprintf(percento.data(), percento.size(), "%.9g", std::bit_cast<float>(bit));
+        ASSERT_TRUE(torna_uguale(percento.data())) << percento.data();
     }
 }
 

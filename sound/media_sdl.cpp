@@ -30,6 +30,9 @@ struct Uscita {
     // and the device is taken again for the next sound.
     bool a_riposo = false;
     int brani_caricati = 0;  // songs loaded by the sequencer, its spare included
+    // The sound is held back and the workers wait for via_libera.
+    bool trattenuti = false;
+    std::condition_variable via_libera;
     int giocatori = 0;
     int prossimo_canale = 0;
 
@@ -210,6 +213,7 @@ struct LettoreSdl {
                 compito = std::move(coda.front());
                 coda.pop_front();
             }
+            aspetta_via_libera();
             compito();
             da_guardare = true;
             rendi_memoria_libera();
@@ -217,7 +221,7 @@ struct LettoreSdl {
     }
 
     void esegui(std::function<void()> compito, bool aspetta) {
-        if (!aspetta) {
+        if (!aspetta || trattenuti()) {
             {
                 std::lock_guard blocco(m);
                 coda.push_back(std::move(compito));
@@ -234,6 +238,18 @@ struct LettoreSdl {
             },
             false);
         atteso.wait();
+    }
+
+    static bool trattenuti() {
+        Uscita& u = uscita();
+        std::lock_guard blocco(u.m);
+        return u.trattenuti;
+    }
+
+    static void aspetta_via_libera() {
+        Uscita& u = uscita();
+        std::unique_lock blocco(u.m);
+        u.via_libera.wait(blocco, [&u] { return !u.trattenuti; });
     }
 
     // ---- the commands, on the worker ----
@@ -349,6 +365,7 @@ MediaSdl::MediaSdl(TipoDispositivo tipo, std::function<void()> fine_brano)
 }
 
 MediaSdl::~MediaSdl() {
+    libera_suoni();
     d_->esegui([p = d_.get()] { p->libera_tutto(); }, true);
     {
         std::lock_guard blocco(d_->m);
@@ -394,11 +411,27 @@ void MediaSdl::sincronizza() {
     d_->esegui([] {}, true);
 }
 
+void trattieni_suoni() {
+    Uscita& u = uscita();
+    std::lock_guard blocco(u.m);
+    u.trattenuti = true;
+}
+
+void libera_suoni() {
+    Uscita& u = uscita();
+    {
+        std::lock_guard blocco(u.m);
+        u.trattenuti = false;
+    }
+    u.via_libera.notify_all();
+}
+
 bool MediaSdl::aperto() const { return d_->aperto; }
 
 bool MediaSdl::suona() const {
     bool risposta = false;
     LettoreSdl* p = d_.get();
+    if (LettoreSdl::trattenuti()) return false;
     p->esegui(
         [p, &risposta] {
             Uscita& u = uscita();

@@ -62,6 +62,14 @@ private:
     std::unique_ptr<LettoreSdl> d_;
 };
 
+// The desktop holds the sound back until the table is on screen: until
+// libera_suoni() the commands only queue (Wait included, and sincronizza()
+// and suona() answer at once), so that loading the sound libraries and
+// opening the device never delay the table's first paint. Not held unless
+// trattieni_suoni() is called; a player destroyed while held releases it.
+void trattieni_suoni();
+void libera_suoni();
+
 // The General MIDI soundfont of the system: the first of the usual places
 // that holds a file, or an empty string if there is none.
 std::string font_gm_di_sistema();

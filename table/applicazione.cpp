@@ -55,9 +55,18 @@ Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
     // The first show activates the table; queued, so that the window is on
     // screen before the hand starts painting.
     connect(&tavolo_, &FinestraTavolo::prima_volta, this, &Applicazione::attiva, Qt::QueuedConnection);
+    // The sound (its libraries, the device, the card sound and the song) is
+    // taken only once the table is painted: until then its commands queue.
+    trattieni_suoni();
+    tavolo_.superficie().installEventFilter(this);
 }
 
 bool Applicazione::eventFilter(QObject* oggetto, QEvent* e) {
+    if (e->type() == QEvent::Paint && oggetto == &tavolo_.superficie()) {
+        tavolo_.superficie().removeEventFilter(this);
+        QMetaObject::invokeMethod(this, [] { libera_suoni(); }, Qt::QueuedConnection);
+        return false;
+    }
     if (e->type() != QEvent::MouseButtonPress) return false;
     auto viewport = [this](Controllo c) { return static_cast<QPlainTextEdit*>(tavolo_.widget(c))->viewport(); };
     // A click on a panel or a light is not a click on the table: it is taken

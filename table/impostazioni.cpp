@@ -32,7 +32,11 @@ bool intero(double v) { return v == std::floor(v); }
 float scala_da_percento(double percento) { return static_cast<float>(percento / 100.0); }
 
 // A number as the file holds it, a blank before and after.
-std::string numero(std::string_view cifre) { return " " + std::string(cifre) + " "; }
+std::string numero(std::string_view cifre) {
+    std::string testo(1, ' ');
+    testo.append(cifre).push_back(' ');
+    return testo;
+}
 
 // The scale in per cent, with the fewest decimals that read back as the same
 // scale: "75", "74.5", and as many as it takes for one written by hand with

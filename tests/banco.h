@@ -8,6 +8,7 @@
 #include <atomic>
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <string>
 #include <string_view>
 #include <unistd.h>
@@ -19,6 +20,18 @@
 #include "sound/media.h"
 
 namespace lesta::prova {
+
+// The threads of this process whose name starts with `prefisso` (SDL names
+// its audio thread "SDLAudio...").
+inline int thread_di_nome(std::string_view prefisso) {
+    int n = 0;
+    for (const auto& t : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::string nome;
+        std::getline(std::ifstream(t.path() / "comm"), nome);
+        n += nome.rfind(prefisso, 0) == 0;
+    }
+    return n;
+}
 
 // A fresh folder under the system's temporary folder, removed at the end.
 class CartellaTemporanea {

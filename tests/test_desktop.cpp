@@ -193,6 +193,16 @@ TEST(Applicazione, QuitAndTheCloseControlEndTheEventLoop) {
     }
 }
 
+// Loading the sound and opening the device wait for the table's first
+// paint: the card sound's "Open" (with Wait) does not hold up the start.
+TEST(Applicazione, TheSoundIsTakenOnlyOnceTheTableIsPainted) {
+    prova::CartellaTemporanea cartella;
+    Applicazione lesta(immagini(), cartella.percorso());
+    lesta.avvia();  // Form_Load has opened the card sound
+    EXPECT_EQ(prova::thread_di_nome("SDLAudio"), 0);
+    QTRY_COMPARE_WITH_TIMEOUT(prova::thread_di_nome("SDLAudio"), 1, 5000);
+}
+
 TEST(Applicazione, QuitAndTheCloseControlEndTheProgramAtOnce) {
     prova::CartellaTemporanea cartella;
     {

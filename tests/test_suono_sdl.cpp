@@ -176,17 +176,6 @@ TEST_F(SuonoSdl, TheCardSoundSoundsOnEachPlay) {
     }
 }
 
-// The threads of this process whose name starts with `prefisso`.
-int thread_di_nome(std::string_view prefisso) {
-    int n = 0;
-    for (const auto& t : std::filesystem::directory_iterator("/proc/self/task")) {
-        std::string nome;
-        std::getline(std::ifstream(t.path() / "comm"), nome);
-        n += nome.rfind(prefisso, 0) == 0;
-    }
-    return n;
-}
-
 // With no song loaded, three seconds of silence let the device go, and with
 // it SDL's audio thread, which would wake forty times a second for nothing.
 // The next card sound takes the device again and is heard.
@@ -195,13 +184,13 @@ TEST_F(SuonoSdl, AfterASilenceTheDeviceIsLetGoAndTheNextSoundTakesItAgain) {
     suono.Wait(true);
     apri(suono, (programma / "carta.wav").string());
     suono.sincronizza();
-    EXPECT_EQ(thread_di_nome("SDLAudio"), 1);
-    EXPECT_TRUE(attendi(5s, [] { return thread_di_nome("SDLAudio") == 0; }));
+    EXPECT_EQ(prova::thread_di_nome("SDLAudio"), 1);
+    EXPECT_TRUE(attendi(5s, [] { return prova::thread_di_nome("SDLAudio") == 0; }));
     EXPECT_TRUE(suono.aperto());
     suono.Command("Play");
     EXPECT_TRUE(suono.suona());
     std::this_thread::sleep_for(300ms);
-    EXPECT_EQ(thread_di_nome("SDLAudio"), 1);
+    EXPECT_EQ(prova::thread_di_nome("SDLAudio"), 1);
     const auto t = tratti(uscita(), 0.02);  // the disk driver began its file anew
     ASSERT_EQ(t.size(), 1u);
     EXPECT_GT(rms(uscita(), t[0].first, t[0].second), 0.1);

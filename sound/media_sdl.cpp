@@ -108,9 +108,9 @@ bool apri_uscita(Uscita& u) {
 // An open device wakes its audio thread some forty times a second even when
 // it plays nothing. With no song loaded (the music is "None"), after a silence
 // the device is let go, so that a game waiting for the player costs the
-// machine nothing. The loaded card sound is plain samples in the device's
-// fixed format, and stays valid until the device is taken again. Called with
-// u.m held; true while a silence may still come that lets the device go.
+// machine nothing. The loaded card sound is plain samples in the one format
+// the device is always taken in, so it stays good for the next time. Called
+// with u.m held; true while a silence may still come that lets the device go.
 bool riposa_se_in_silenzio(Uscita& u) {
     if (u.stato != Uscita::Stato::aperta || u.a_riposo || u.brani_caricati > 0) return false;
     if (sdl().Mix_Playing(-1) != 0) return true;

@@ -151,7 +151,12 @@ int punti_della_riga(PartitaVera& p, int primo) {
 std::array<int, 3> controlla_riga(PartitaVera& p, int riga) {
     const Testimone& t = p.testimone();
     const int primo = 13 + 10 * riga;
-    EXPECT_EQ(t.mosse, 37);
+    // The deck comes from the system's generator: on a failure, this is the hand.
+    std::string mazzo;
+    for (int i = 1; i <= 40; ++i) mazzo += std::to_string(p.lesta().gioco().mod.mazzo[i]) + " ";
+    SCOPED_TRACE("deck: " + mazzo);
+    // 36 cards played, and the gathering of what is left, if anything is.
+    EXPECT_TRUE(t.mosse == 36 || t.mosse == 37) << t.mosse;
     EXPECT_EQ(t.carte[1] + t.carte[2], 40);
     EXPECT_EQ(p.dato(primo), numero(t.carte[1]));
     EXPECT_EQ(p.dato(primo + 5), numero(t.carte[2]));

@@ -75,14 +75,6 @@ private:
 constexpr auto sola_lettura = fs::perms::owner_read | fs::perms::owner_exec | fs::perms::group_read |
                               fs::perms::group_exec | fs::perms::others_read | fs::perms::others_exec;
 
-TEST(PostoImpostazioni, AWritableProgramFolderKeepsItsOwnFile) {
-    CartellaTemporanea programma, utente;
-    scrivi_tutto(utente.percorso() / "Config.brx", " 3 \r\n 0 \r\n 75 \r\n");
-    const PostoImpostazioni posto = scegli_posto_impostazioni(programma.percorso(), true, utente.percorso());
-    EXPECT_EQ(posto.da_leggere, programma.percorso() / "Config.brx");
-    EXPECT_EQ(posto.da_scrivere, programma.percorso() / "Config.brx");
-}
-
 TEST(PostoImpostazioni, AReadOnlyProgramFolderWritesToThePlayersFolder) {
     CartellaTemporanea programma, utente;
     const fs::path cartella_utente = utente.percorso() / "lesta";
@@ -98,13 +90,6 @@ TEST(PostoImpostazioni, AReadOnlyProgramFolderWritesToThePlayersFolder) {
     posto = scegli_posto_impostazioni(programma.percorso(), false, cartella_utente);
     EXPECT_EQ(posto.da_leggere, cartella_utente / "Config.brx");
     EXPECT_EQ(posto.da_scrivere, cartella_utente / "Config.brx");
-}
-
-TEST(PostoImpostazioni, WithNoSettingsFolderTheProgramFolderIsAllThereIs) {
-    CartellaTemporanea programma;
-    const PostoImpostazioni posto = scegli_posto_impostazioni(programma.percorso(), false, {});
-    EXPECT_EQ(posto.da_leggere, programma.percorso() / "Config.brx");
-    EXPECT_EQ(posto.da_scrivere, programma.percorso() / "Config.brx");
 }
 
 // What access(2) answers must be what writing does. Some of these places

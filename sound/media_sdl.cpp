@@ -30,8 +30,10 @@ struct Uscita {
     // and the device is taken again for the next sound.
     bool a_riposo = false;
     int brani_caricati = 0;  // songs loaded by the sequencer, its spare included
-    // The sound is held back and the workers wait for via_libera.
-    bool trattenuti = false;
+    // The sound is held back and the workers wait for via_libera. Atomic, so
+    // that the window's thread can look without waiting on m, which a worker
+    // may hold for a while.
+    std::atomic<bool> trattenuti{false};
     std::condition_variable via_libera;
     int giocatori = 0;
     int prossimo_canale = 0;
@@ -240,11 +242,7 @@ struct LettoreSdl {
         atteso.wait();
     }
 
-    static bool trattenuti() {
-        Uscita& u = uscita();
-        std::lock_guard blocco(u.m);
-        return u.trattenuti;
-    }
+    static bool trattenuti() { return uscita().trattenuti; }
 
     static void aspetta_via_libera() {
         Uscita& u = uscita();
@@ -256,11 +254,17 @@ struct LettoreSdl {
     void apri(const std::string& percorso) {
         chiudi();
         Uscita& u = uscita();
-        std::lock_guard blocco(u.m);
+        std::unique_lock blocco(u.m);
         if (!apri_uscita(u)) return;
         if (tipo == TipoDispositivo::Sequencer) {
+            // A song loads for a while (the soundfont with it), and the card
+            // sound must not wait for it: the lock is let go meanwhile, and
+            // the song counts from now, so the device cannot rest under it.
+            ++u.brani_caricati;
+            blocco.unlock();
             if (sembra_midi(percorso)) musica = sdl().Mix_LoadMUS(percorso.c_str());
-            if (musica != nullptr) ++u.brani_caricati;
+            blocco.lock();
+            if (musica == nullptr) --u.brani_caricati;
             libera_riserva(u);
         } else {
             suono = sdl().Mix_LoadWAV_RW(sdl().SDL_RWFromFile(percorso.c_str(), "rb"), 1);

@@ -1,9 +1,9 @@
 // Lesta: the fishing game of the Trieste deck, one player against the computer.
 
 #include <QApplication>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
-#include <time.h>
 
 #include "table/applicazione.h"
 #include "table/immagini.h"
@@ -21,9 +21,9 @@ public:
             QMetaObject::invokeMethod(
                 qApp,
                 [] {
-                    timespec ora{};
-                    clock_gettime(CLOCK_REALTIME, &ora);
-                    std::printf("%lld\n", static_cast<long long>(ora.tv_sec) * 1'000'000'000LL + ora.tv_nsec);
+                    const auto ora = std::chrono::system_clock::now().time_since_epoch();
+                    std::printf("%lld\n",
+                                static_cast<long long>(std::chrono::duration_cast<std::chrono::nanoseconds>(ora).count()));
                     std::fflush(stdout);
                     QCoreApplication::exit(0);
                 },

@@ -138,7 +138,7 @@ void chiudi_uscita(Uscita& u) {
 }
 
 // Loading a song leaves the synthesizer's scratch memory free but held by
-// this thread's heap; it goes back to the system as the work ends.
+// the worker's heap; it goes back to the system once the song is loaded.
 void rendi_memoria_libera() {
 #if defined(__GLIBC__)
     malloc_trim(0);
@@ -218,7 +218,6 @@ struct LettoreSdl {
             aspetta_via_libera();
             compito();
             da_guardare = true;
-            rendi_memoria_libera();
         }
     }
 
@@ -266,6 +265,7 @@ struct LettoreSdl {
             blocco.lock();
             if (musica == nullptr) --u.brani_caricati;
             libera_riserva(u);
+            rendi_memoria_libera();
         } else {
             suono = sdl().Mix_LoadWAV_RW(sdl().SDL_RWFromFile(percorso.c_str(), "rb"), 1);
         }

@@ -3,7 +3,6 @@
 // a new deal follows every sixth turn, and the side that captured last takes
 // what is left on the table.
 
-#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -128,10 +127,9 @@ Task Frmlesta::gioco() {
         if (carte[i] < 11) ++mod.numdenari;
         if (carte[i] == settebello_carta) mod.settebello = vero;
     }
-    const auto prime = carte.begin() + 1, fine_prime = prime + mod.numcarte;
     int k = 0;
     for (Carta c = 1; c <= 40; ++c)
-        if (std::find(prime, fine_prime, c) == fine_prime) carte[mod.numcarte + ++k] = c;
+        if (prese[c] == 0) carte[mod.numcarte + ++k] = c;
 
     calcsettanta();
     // The table stays on view a moment before the score sheet comes up.

@@ -9,7 +9,6 @@
 #include <sys/resource.h>
 
 #include <QApplication>
-#include <QEventLoop>
 #include <QTest>
 #include <QTimer>
 #include <cstdio>
@@ -35,11 +34,9 @@ double megabyte_residenti() {
     return -1;
 }
 
-// Sleeps in the event loop, as the game does while it waits.
-void dormi(int ms) {
-    QEventLoop attesa;
-    QTimer::singleShot(ms, &attesa, &QEventLoop::quit);
-    attesa.exec();
+void fallisci(const char* perche) {
+    std::fprintf(stderr, "%s\n", perche);
+    QCoreApplication::exit(1);
 }
 
 }  // namespace
@@ -52,23 +49,38 @@ int main(int argc, char* argv[]) {
     QApplication app(argc, argv);
     lesta::Immagini immagini;
     lesta::Applicazione lesta(immagini, argv[1]);
-    lesta.avvia();
     const lesta::Frmlesta& f = lesta.gioco();
     QWidget* go = lesta.tavolo().widget(lesta::Controllo::GO);
-    if (!QTest::qWaitFor([&] { return go->isVisible(); }, 10'000)) {
-        std::fprintf(stderr, "the start panel never came\n");
-        return 1;
-    }
-    QTest::mouseClick(go, Qt::LeftButton);
-    if (!QTest::qWaitFor([&] { return f.modo == lesta::Modo::gioco1 && f.carta_giocata == 0; }, 60'000)) {
-        std::fprintf(stderr, "the game never waited for the player's card\n");
-        return 1;
-    }
-    dormi(2000);  // whatever the deal set going (the song's loading, say) settles
-    const double rss = megabyte_residenti();
-    const double prima = secondi_cpu();
-    dormi(10'000);
-    const double cpu = (secondi_cpu() - prima) / 10.0 * 100.0;
-    std::printf("cpu %.3f\nrss %.1f\n", cpu, rss);
-    return 0;
+
+    // Everything runs in the program's own event loop: a look every 50 ms
+    // until the start panel, GO, and the player's card awaited; then the
+    // look stops, and the measures are taken on timers alone.
+    QTimer guarda;
+    int passi = 0;
+    bool premuto = false;
+    double rss = 0, prima = 0;
+    QObject::connect(&guarda, &QTimer::timeout, [&] {
+        if (++passi > 60 * 20) return fallisci("the game never waited for the player's card");
+        if (!premuto) {
+            if (!go->isVisible()) return;
+            premuto = true;
+            QTest::mouseClick(go, Qt::LeftButton);
+            return;
+        }
+        if (f.modo != lesta::Modo::gioco1 || f.carta_giocata != 0) return;
+        guarda.stop();
+        // Whatever the deal set going (the song's loading, say) settles.
+        QTimer::singleShot(2000, [&] {
+            rss = megabyte_residenti();
+            prima = secondi_cpu();
+            QTimer::singleShot(10'000, [&] {
+                const double cpu = (secondi_cpu() - prima) / 10.0 * 100.0;
+                std::printf("cpu %.3f\nrss %.1f\n", cpu, rss);
+                QCoreApplication::exit(0);
+            });
+        });
+    });
+    guarda.start(50);
+    lesta.avvia();
+    return QApplication::exec();
 }

@@ -173,9 +173,9 @@ TEST(Applicazione, AScreenOf800PixelsGetsTheMessageAndTheProgramEndsOnOk) {
     EXPECT_FALSE(lesta.gioco().Visible(Controllo::GO));
 }
 
-// The event loop itself ends, though the table refuses to close: the
-// program's exec() gives 0, not the 1 of the timer that stops a loop that
-// would go on.
+// QUIT and the close control end the program at once, and the event loop
+// itself ends, though the table refuses to close: the program's exec() gives
+// 0, not the 1 of the timer that stops a loop that would go on.
 TEST(Applicazione, QuitAndTheCloseControlEndTheEventLoop) {
     prova::CartellaTemporanea cartella;
     for (bool da_menu : {true, false}) {
@@ -184,6 +184,7 @@ TEST(Applicazione, QuitAndTheCloseControlEndTheEventLoop) {
         QTimer::singleShot(0, &lesta, [&lesta, da_menu] {
             if (da_menu) lesta.tavolo().voce_esci()->trigger();
             else lesta.tavolo().close();
+            EXPECT_TRUE(lesta.finito());  // at once
         });
         QTimer scaduto;
         scaduto.setSingleShot(true);
@@ -201,22 +202,6 @@ TEST(Applicazione, TheSoundIsTakenOnlyOnceTheTableIsPainted) {
     lesta.avvia();  // Form_Load has opened the card sound
     EXPECT_EQ(prova::thread_di_nome("SDLAudio"), 0);
     QTRY_COMPARE_WITH_TIMEOUT(prova::thread_di_nome("SDLAudio"), 1, 5000);
-}
-
-TEST(Applicazione, QuitAndTheCloseControlEndTheProgramAtOnce) {
-    prova::CartellaTemporanea cartella;
-    {
-        Applicazione lesta(immagini(), cartella.percorso());
-        lesta.avvia();
-        lesta.tavolo().voce_esci()->trigger();
-        EXPECT_TRUE(lesta.finito());
-    }
-    {
-        Applicazione lesta(immagini(), cartella.percorso());
-        lesta.avvia();
-        lesta.tavolo().close();
-        EXPECT_TRUE(lesta.finito());
-    }
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 // run, and they read and write the same fields.
 
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -38,6 +39,10 @@ struct Piattaforma {
 
 // The mark of a table card chosen for the capture under way.
 enum class Tag : std::uint8_t { vuoto, SEL };
+
+// A place kept in whole units, as in the capture list: the nearest whole
+// number, ties to even (the rounding the program never changes).
+inline std::int16_t unita_intere(float x) { return static_cast<std::int16_t>(std::lrint(x)); }
 
 // A card's holder: never shown; it remembers where its card was last painted.
 struct CartaControllo {

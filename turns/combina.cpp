@@ -10,19 +10,12 @@
 // picks the cards. For the computer it picks them: the first equal card in
 // scan order, or the subset of the first mask that adds up, marked in red.
 
-#include <cmath>
+#include <array>
+#include <bit>
 
 #include "match/frmlesta.h"
 
 namespace lesta {
-
-namespace {
-
-// Left and Top are kept as whole units in the capture list, rounded to the
-// nearest with ties to even.
-std::int16_t intero(float x) { return static_cast<std::int16_t>(std::nearbyint(x)); }
-
-}  // namespace
 
 void Frmlesta::combina() {
     // The computer's mark: a red outline inside the card, and the tag.
@@ -60,8 +53,8 @@ void Frmlesta::combina() {
             }
             segna(c);
             presa[1] = c;
-            presax[1] = intero(carta[c].Left);
-            presay[1] = intero(carta[c].Top);
+            presax[1] = unita_intere(carta[c].Left);
+            presay[1] = unita_intere(carta[c].Top);
             quante = 1;
             return;
         }
@@ -81,8 +74,8 @@ void Frmlesta::combina() {
             if (c == 0 || c % 10 < 1 || c % 10 > valore_giocata) continue;
             ++quante;
             presa[quante] = c;
-            presax[quante] = intero(carta[c].Left);
-            presay[quante] = intero(carta[c].Top);
+            presax[quante] = unita_intere(carta[c].Left);
+            presay[quante] = unita_intere(carta[c].Top);
             somma = static_cast<std::int16_t>(somma + c % 10);
         }
 
@@ -107,19 +100,22 @@ void Frmlesta::combina() {
     }
 
     // The masks in ascending order: bit p-1 stands for the p-th candidate, so
-    // the subset whose last card comes earliest in scan order wins.
-    const int ultima = (1 << quante) - 1;
-    for (int m = 1; m <= ultima; ++m) {
-        const auto& voce = combinazioni[static_cast<std::size_t>(m)];
-        int totale = 0;
-        for (int p = 1; p <= quante; ++p)
-            if (voce[static_cast<std::size_t>(p - 1)] != '0') totale += presa[p] % 10;
-        if (totale != valore_giocata) continue;
+    // the subset whose last card comes earliest in scan order wins. A mask's
+    // sum is that of the mask without its lowest candidate, met earlier in
+    // the order, plus the value of that candidate.
+    std::array<int, 256> somme;
+    somme[0] = 0;
+    const unsigned ultima = (1u << quante) - 1;
+    for (unsigned m = 1; m <= ultima; ++m) {
+        const int primo = std::countr_zero(m) + 1;
+        somme[m] = somme[m & (m - 1)] + presa[static_cast<std::size_t>(primo)] % 10;
+        if (somme[m] != valore_giocata) continue;
 
         if (turno == 1) {
             trovata = true;
             return;
         }
+        const auto& voce = combinazioni[m];
         for (int p = 1; p <= quante; ++p)
             if (voce[static_cast<std::size_t>(p - 1)] != '0') segna(presa[p]);
         // The candidates left out become holes; the count keeps them.

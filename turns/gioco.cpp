@@ -110,8 +110,8 @@ Task Frmlesta::gioco() {
             if (const Carta c = tavolo[r][k]; c != 0) {
                 ++quante;
                 presa[quante] = c;
-                presax[quante] = static_cast<std::int16_t>(std::nearbyint(carta[c].Left));
-                presay[quante] = static_cast<std::int16_t>(std::nearbyint(carta[c].Top));
+                presax[quante] = unita_intere(carta[c].Left);
+                presay[quante] = unita_intere(carta[c].Top);
             }
     turno = ultima_presa;
     if (vuote != 12) co_await muovicarte();

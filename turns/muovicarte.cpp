@@ -69,7 +69,7 @@ Task Frmlesta::muovicarte() {
             // the game's speed.
             while (presa[quante] == 0) --quante;
             const Carta cima = presa[quante];
-            auto t = static_cast<std::int32_t>(std::nearbyint(carta[cima].Top));
+            auto t = std::int32_t{unita_intere(carta[cima].Top)};
             while (finestra.conserva() && static_cast<float>(t) < posy) {
                 t += 2;
                 co_await un_frame(piattaforma.orologio);

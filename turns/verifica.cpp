@@ -1,7 +1,6 @@
 // The player's capture: once the played card is known to take something, the
 // turn waits until the cards marked on the table make a legal capture.
 
-#include <cmath>
 
 #include "match/frmlesta.h"
 
@@ -39,8 +38,8 @@ Task Frmlesta::verifica() {
                     if (c == 0 || carta[c].tag != Tag::SEL) continue;
                     ++quante;
                     presa[quante] = c;
-                    presax[quante] = static_cast<std::int16_t>(std::nearbyint(carta[c].Left));
-                    presay[quante] = static_cast<std::int16_t>(std::nearbyint(carta[c].Top));
+                    presax[quante] = unita_intere(carta[c].Left);
+                    presay[quante] = unita_intere(carta[c].Top);
                 }
             modo = Modo::selezione;
             somma = 0;

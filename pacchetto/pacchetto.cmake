@@ -62,7 +62,7 @@ set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The sound libraries are loaded at the first sound, not linked, so
 # dpkg-shlibdeps cannot see them: they are named here.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsdl2-2.0-0 (>= 2.0.16), libsdl2-mixer-2.0-0 (>= 2.6.0)")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsdl2-2.0-0 (>= 2.0.16), libsdl2-mixer-2.0-0 (>= 2.6.0), libfluidsynth3")
 # The songs sound with a General MIDI soundfont (see font_gm_di_sistema in
 # sound/media_sdl.cpp): the small TimGM6mb first, which keeps the game's
 # memory low, else any GM font behind Debian's default-GM alternative.

@@ -28,22 +28,44 @@ const LibreriaSdl* carica() {
     const bool tutte =
         prendi(sdl, "SDL_SetHint", l.SDL_SetHint) && prendi(sdl, "SDL_InitSubSystem", l.SDL_InitSubSystem) &&
         prendi(sdl, "SDL_QuitSubSystem", l.SDL_QuitSubSystem) && prendi(sdl, "SDL_TLSCleanup", l.SDL_TLSCleanup) &&
-        prendi(sdl, "SDL_RWFromFile", l.SDL_RWFromFile) && prendi(mixer, "Mix_Init", l.Mix_Init) &&
-        prendi(mixer, "Mix_Quit", l.Mix_Quit) && prendi(mixer, "Mix_OpenAudioDevice", l.Mix_OpenAudioDevice) &&
+        prendi(sdl, "SDL_RWFromFile", l.SDL_RWFromFile) &&
+        prendi(mixer, "Mix_OpenAudioDevice", l.Mix_OpenAudioDevice) &&
         prendi(mixer, "Mix_CloseAudio", l.Mix_CloseAudio) &&
         prendi(mixer, "Mix_AllocateChannels", l.Mix_AllocateChannels) &&
-        prendi(mixer, "Mix_SetSoundFonts", l.Mix_SetSoundFonts) &&
-        prendi(mixer, "Mix_HookMusicFinished", l.Mix_HookMusicFinished) &&
-        prendi(mixer, "Mix_LoadMUS", l.Mix_LoadMUS) && prendi(mixer, "Mix_FreeMusic", l.Mix_FreeMusic) &&
-        prendi(mixer, "Mix_LoadWAV_RW", l.Mix_LoadWAV_RW) && prendi(mixer, "Mix_FreeChunk", l.Mix_FreeChunk) &&
+        prendi(mixer, "Mix_HookMusic", l.Mix_HookMusic) && prendi(mixer, "Mix_LoadWAV_RW", l.Mix_LoadWAV_RW) &&
+        prendi(mixer, "Mix_FreeChunk", l.Mix_FreeChunk) &&
         prendi(mixer, "Mix_PlayChannelTimed", l.Mix_PlayChannelTimed) &&
-        prendi(mixer, "Mix_HaltChannel", l.Mix_HaltChannel) && prendi(mixer, "Mix_Playing", l.Mix_Playing) &&
-        prendi(mixer, "Mix_PlayingMusic", l.Mix_PlayingMusic) && prendi(mixer, "Mix_HaltMusic", l.Mix_HaltMusic) &&
-        prendi(mixer, "Mix_PlayMusic", l.Mix_PlayMusic);
+        prendi(mixer, "Mix_HaltChannel", l.Mix_HaltChannel) && prendi(mixer, "Mix_Playing", l.Mix_Playing);
+    return tutte ? &l : nullptr;
+}
+
+const LibreriaFluid* carica_fluid() {
+    void* fluid = dlopen("libfluidsynth.so.3", RTLD_LAZY | RTLD_LOCAL);
+    if (fluid == nullptr) return nullptr;
+    static LibreriaFluid l;
+    const bool tutte =
+        prendi(fluid, "new_fluid_settings", l.new_fluid_settings) &&
+        prendi(fluid, "delete_fluid_settings", l.delete_fluid_settings) &&
+        prendi(fluid, "fluid_settings_setnum", l.fluid_settings_setnum) &&
+        prendi(fluid, "fluid_settings_setint", l.fluid_settings_setint) &&
+        prendi(fluid, "new_fluid_synth", l.new_fluid_synth) && prendi(fluid, "delete_fluid_synth", l.delete_fluid_synth) &&
+        prendi(fluid, "fluid_synth_sfload", l.fluid_synth_sfload) &&
+        prendi(fluid, "fluid_synth_all_sounds_off", l.fluid_synth_all_sounds_off) &&
+        prendi(fluid, "fluid_synth_write_s16", l.fluid_synth_write_s16) &&
+        prendi(fluid, "new_fluid_player", l.new_fluid_player) &&
+        prendi(fluid, "delete_fluid_player", l.delete_fluid_player) &&
+        prendi(fluid, "fluid_player_add", l.fluid_player_add) && prendi(fluid, "fluid_player_play", l.fluid_player_play) &&
+        prendi(fluid, "fluid_player_stop", l.fluid_player_stop) &&
+        prendi(fluid, "fluid_player_get_status", l.fluid_player_get_status);
     return tutte ? &l : nullptr;
 }
 
 }  // namespace
+
+const LibreriaFluid* libreria_fluid() {
+    static const LibreriaFluid* const l = carica_fluid();
+    return l;
+}
 
 const LibreriaSdl* libreria_sdl() {
     static std::once_flag una_volta;

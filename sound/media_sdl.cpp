@@ -2,6 +2,7 @@
 
 #include "sound/libreria_sdl.h"
 #include "sound/sembra_midi.h"
+#include "sound/sintetizzatore.h"
 
 #include <malloc.h>
 
@@ -29,7 +30,7 @@ struct Uscita {
     // Open, but the device let go for silence: the card sound stays loaded
     // and the device is taken again for the next sound.
     bool a_riposo = false;
-    int brani_caricati = 0;  // songs loaded by the sequencer, its spare included
+    int brani_caricati = 0;  // songs loaded by the sequencer
     // The sound is held back and the workers wait for via_libera. Atomic, so
     // that the window's thread can look without waiting on m, which a worker
     // may hold for a while.
@@ -37,12 +38,6 @@ struct Uscita {
     std::condition_variable via_libera;
     int giocatori = 0;
     int prossimo_canale = 0;
-
-    // The sequencer that hears of the end of its songs, and the generation of
-    // the song that it is playing (0: none). The hook of the end of the
-    // music reads only these two, for it may run with the audio locked.
-    std::atomic<LettoreSdl*> sequencer{nullptr};
-    std::atomic<std::uint64_t> brano{0};
 };
 
 Uscita& uscita() {
@@ -59,13 +54,10 @@ constexpr int frequenza = 44100;
 constexpr Uint16 formato = AUDIO_S16SYS;
 constexpr int canali_stereo = 2;
 
-void fine_musica();
-
 // Takes the device in the one format the loaded sound was converted to.
 bool prendi_dispositivo() {
     if (sdl().Mix_OpenAudioDevice(frequenza, formato, canali_stereo, 1024, nullptr, 0) != 0) return false;
     sdl().Mix_AllocateChannels(canali_del_mixer);
-    sdl().Mix_HookMusicFinished(fine_musica);
     return true;
 }
 
@@ -90,18 +82,11 @@ bool apri_uscita(Uscita& u) {
         u.stato = Uscita::Stato::mancante;
         return false;
     }
-    sdl().Mix_Init(MIX_INIT_MID);
     if (!prendi_dispositivo()) {
-        sdl().Mix_Quit();
         sdl().SDL_QuitSubSystem(SDL_INIT_AUDIO);
         u.stato = Uscita::Stato::mancante;
         return false;
     }
-    // The soundfont is named outright, so that every song sounds with the
-    // system's General MIDI font whatever the library would guess by itself.
-    // (The library still lets a user impose another one, with
-    // SDL_FORCE_SOUNDFONTS=1 and SDL_SOUNDFONTS.)
-    if (const std::string font = font_gm_di_sistema(); !font.empty()) sdl().Mix_SetSoundFonts(font.c_str());
     u.stato = Uscita::Stato::aperta;
     u.a_riposo = false;
     return true;
@@ -116,7 +101,6 @@ bool apri_uscita(Uscita& u) {
 bool riposa_se_in_silenzio(Uscita& u) {
     if (u.stato != Uscita::Stato::aperta || u.a_riposo || u.brani_caricati > 0) return false;
     if (sdl().Mix_Playing(-1) != 0) return true;
-    sdl().Mix_HookMusicFinished(nullptr);
     sdl().Mix_CloseAudio();
     u.a_riposo = true;
     return false;
@@ -126,19 +110,15 @@ bool riposa_se_in_silenzio(Uscita& u) {
 // opens a file opens it anew.
 void chiudi_uscita(Uscita& u) {
     if (u.stato == Uscita::Stato::aperta) {
-        if (!u.a_riposo) {
-            sdl().Mix_HookMusicFinished(nullptr);
-            sdl().Mix_CloseAudio();
-        }
-        sdl().Mix_Quit();
+        if (!u.a_riposo) sdl().Mix_CloseAudio();
         sdl().SDL_QuitSubSystem(SDL_INIT_AUDIO);
     }
     u.stato = Uscita::Stato::chiusa;
     u.a_riposo = false;
 }
 
-// Loading a song leaves the synthesizer's scratch memory free but held by
-// the worker's heap; it goes back to the system once the song is loaded.
+// Loading the soundfont leaves the synthesizer's scratch memory free but held
+// by the worker's heap; it goes back to the system once the font is loaded.
 void rendi_memoria_libera() {
 #if defined(__GLIBC__)
     malloc_trim(0);
@@ -177,11 +157,14 @@ struct LettoreSdl {
     bool basta = false;
 
     // ---- what only the worker touches ----
-    Mix_Music* musica = nullptr;
-    // The song closed last, kept until the next one is loaded: while the
-    // synthesizer of one song is alive, the next one finds the soundfont's
-    // samples already in memory and loads in a fraction of the time.
-    Mix_Music* riserva = nullptr;
+    // The sequencer's synthesizer, made at its first song and kept for the
+    // run, so that a new song never reads the soundfont again. The audio
+    // thread renders it through the mixer's music hook while a song is
+    // loaded; the worker takes the hook off (which waits for the audio
+    // thread) before it changes the song or `brano`.
+    std::unique_ptr<Sintetizzatore> sintetizzatore;
+    bool brano_caricato = false;
+    std::uint64_t brano = 0;  // the generation of the song playing, 0 if none
     Mix_Chunk* suono = nullptr;
     int canale = 0;
     bool da_capo = false;
@@ -256,21 +239,43 @@ struct LettoreSdl {
         std::unique_lock blocco(u.m);
         if (!apri_uscita(u)) return;
         if (tipo == TipoDispositivo::Sequencer) {
-            // A song loads for a while (the soundfont with it), and the card
-            // sound must not wait for it: the lock is let go meanwhile, and
-            // the song counts from now, so the device cannot rest under it.
+            // The first song loads the soundfont, which takes a while, and
+            // the card sound must not wait for it: the lock is let go
+            // meanwhile, and the song counts from now, so the device cannot
+            // rest under it.
             ++u.brani_caricati;
             blocco.unlock();
-            if (sembra_midi(percorso)) musica = sdl().Mix_LoadMUS(percorso.c_str());
+            if (sembra_midi(percorso)) {
+                if (sintetizzatore == nullptr) {
+                    sintetizzatore = Sintetizzatore::crea(font_gm_di_sistema(), frequenza);
+                    rendi_memoria_libera();
+                }
+                brano_caricato = sintetizzatore != nullptr && sintetizzatore->carica(percorso);
+            }
             blocco.lock();
-            if (musica == nullptr) --u.brani_caricati;
-            libera_riserva(u);
-            rendi_memoria_libera();
+            if (brano_caricato) {
+                sdl().Mix_HookMusic(musica_del_sintetizzatore, this);
+            } else {
+                --u.brani_caricati;
+            }
         } else {
             suono = sdl().Mix_LoadWAV_RW(sdl().SDL_RWFromFile(percorso.c_str(), "rb"), 1);
         }
         da_capo = false;
-        aperto = musica != nullptr || suono != nullptr;
+        aperto = brano_caricato || suono != nullptr;
+    }
+
+    // The mixer's music hook, on the audio thread, while a song is loaded.
+    static void musica_del_sintetizzatore(void* dati, Uint8* flusso, int byte) {
+        auto* p = static_cast<LettoreSdl*>(dati);
+        // The device's format: 16-bit samples, two to a frame.
+        if (!p->sintetizzatore->rendi(reinterpret_cast<std::int16_t*>(flusso), byte / 4)) return;
+        const std::uint64_t gen = std::exchange(p->brano, 0);
+        if (gen == 0) return;
+        // Posted to an object that lives on the caller's thread: the call
+        // runs there, and never once the player is gone.
+        QMetaObject::invokeMethod(
+            p->ricevitore.get(), [p, gen] { p->consegna_fine(gen); }, Qt::QueuedConnection);
     }
 
     void suona_adesso(std::uint64_t gen) {
@@ -282,31 +287,25 @@ struct LettoreSdl {
             if (suono != nullptr && apri_uscita(u)) sdl().Mix_PlayChannelTimed(canale, suono, 0, -1);
             return;
         }
-        if (musica == nullptr) return;
-        const bool in_corso = sdl().Mix_PlayingMusic() != 0;
-        if (in_corso && !da_capo) return;
+        if (!brano_caricato) return;
+        if (sintetizzatore->in_corso() && !da_capo) return;
         da_capo = false;
-        if (in_corso) {
-            u.brano = 0;
-            sdl().Mix_HaltMusic();
-        }
-        u.brano = gen;
-        if (sdl().Mix_PlayMusic(musica, 0) != 0) u.brano = 0;
+        sdl().Mix_HookMusic(nullptr, nullptr);
+        sintetizzatore->suona();
+        brano = sintetizzatore->in_corso() ? gen : 0;
+        sdl().Mix_HookMusic(musica_del_sintetizzatore, this);
     }
 
     void chiudi() {
         Uscita& u = uscita();
         std::lock_guard blocco(u.m);
-        if (musica != nullptr) {
-            if (sdl().Mix_PlayingMusic() != 0) {
-                // Halting calls the hook at once; with no song on record it
-                // reports nothing.
-                u.brano = 0;
-                sdl().Mix_HaltMusic();
-            }
-            libera_riserva(u);
-            riserva = musica;
-            musica = nullptr;
+        if (brano_caricato) {
+            // A song stopped here brings no end.
+            sdl().Mix_HookMusic(nullptr, nullptr);
+            brano = 0;
+            sintetizzatore->ferma();
+            brano_caricato = false;
+            --u.brani_caricati;
         }
         if (suono != nullptr) {
             // A device at rest plays nothing, and has no channels to halt.
@@ -317,18 +316,9 @@ struct LettoreSdl {
         aperto = false;
     }
 
-    void libera_riserva(Uscita& u) {
-        if (riserva == nullptr) return;
-        sdl().Mix_FreeMusic(riserva);
-        riserva = nullptr;
-        --u.brani_caricati;
-    }
-
     void libera_tutto() {
         chiudi();
-        Uscita& u = uscita();
-        std::lock_guard blocco(u.m);
-        libera_riserva(u);
+        sintetizzatore.reset();
     }
 
     // ---- the end of a song, on the caller's thread ----
@@ -336,23 +326,6 @@ struct LettoreSdl {
         if (gen == generazione && fine_brano) fine_brano();
     }
 };
-
-namespace {
-
-// Runs on the audio thread when a song ends, or inside Mix_HaltMusic.
-void fine_musica() {
-    Uscita& u = uscita();
-    const std::uint64_t gen = u.brano.exchange(0);
-    if (gen == 0) return;
-    LettoreSdl* lettore = u.sequencer.load();
-    if (lettore == nullptr) return;
-    // Posted to an object that lives on the caller's thread: the call runs
-    // there, and never once the player is gone.
-    QMetaObject::invokeMethod(
-        lettore->ricevitore.get(), [lettore, gen] { lettore->consegna_fine(gen); }, Qt::QueuedConnection);
-}
-
-}  // namespace
 
 MediaSdl::MediaSdl(TipoDispositivo tipo, std::function<void()> fine_brano)
     : d_(std::make_unique<LettoreSdl>(tipo, std::move(fine_brano))) {
@@ -364,7 +337,6 @@ MediaSdl::MediaSdl(TipoDispositivo tipo, std::function<void()> fine_brano)
         d_->canale = u.prossimo_canale;
         u.prossimo_canale = (u.prossimo_canale + 1) % canali_del_mixer;
     }
-    if (tipo == TipoDispositivo::Sequencer) u.sequencer = d_.get();
     d_->lavoratore = std::thread([p = d_.get()] { p->lavora(); });
 }
 
@@ -380,11 +352,6 @@ MediaSdl::~MediaSdl() {
 
     Uscita& u = uscita();
     std::lock_guard blocco(u.m);
-    LettoreSdl* questo = d_.get();
-    u.sequencer.compare_exchange_strong(questo, nullptr);
-    // Setting the hook takes the audio lock, so a hook that is running has
-    // finished when this returns, and none will find this player again.
-    if (u.stato == Uscita::Stato::aperta && !u.a_riposo) sdl().Mix_HookMusicFinished(fine_musica);
     if (--u.giocatori == 0) chiudi_uscita(u);
 }
 
@@ -441,17 +408,19 @@ bool MediaSdl::suona() const {
             Uscita& u = uscita();
             std::lock_guard blocco(u.m);
             if (!p->aperto || u.a_riposo) return;
-            risposta = p->tipo == TipoDispositivo::Sequencer ? sdl().Mix_PlayingMusic() != 0 : sdl().Mix_Playing(p->canale) != 0;
+            risposta = p->tipo == TipoDispositivo::Sequencer ? p->sintetizzatore->in_corso()
+                                                             : sdl().Mix_Playing(p->canale) != 0;
         },
         true);
     return risposta;
 }
 
 std::string font_gm_di_sistema() {
-    // The synthesizer holds a whole font in memory, so the small TimGM6mb
-    // (6 MB) comes first: with it the game stays near 50 MB, where FluidR3's
-    // 148 MB would take it past 200. Then the General MIDI font that Debian
-    // points at, and where other systems keep one.
+    // The synthesizer keeps in memory the samples of every instrument a song
+    // has asked for, so the small TimGM6mb (6 MB) comes first: a piano of
+    // FluidR3 (148 MB) alone would weigh more than the whole game. Then the
+    // General MIDI font that Debian points at, and where other systems keep
+    // one.
     static const char* const luoghi[] = {
         "/usr/share/sounds/sf2/TimGM6mb.sf2",
         "/usr/share/sounds/sf3/default-GM.sf3", "/usr/share/sounds/sf2/default-GM.sf2",

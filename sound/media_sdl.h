@@ -1,11 +1,12 @@
 #pragma once
-// The media control on SDL2_mixer: MIDI songs through its FluidSynth
-// synthesizer with the system's General MIDI soundfont, and one wave sound at
-// a time on a mixer channel of its own.
+// The media control on SDL2_mixer: MIDI songs through the FluidSynth
+// synthesizer (sound/sintetizzatore.h) with the system's General MIDI
+// soundfont, played into the mixer's music stream, and one wave sound at a
+// time on a mixer channel of its own.
 //
 // Every command returns at once and is carried out, in the order given, on a
-// worker thread of the player, so that loading a song (which loads the
-// soundfont, a second or so) never holds up the window. With Wait(true),
+// worker thread of the player, so that loading a song (the first one loads
+// the soundfont too) never holds up the window. With Wait(true),
 // "Open" and "Close" return only once they are over.
 //
 // Nothing ever reports a failure: a file that is missing or broken leaves the

@@ -1,0 +1,89 @@
+#include "sound/sintetizzatore.h"
+
+#include "sound/libreria_sdl.h"
+
+namespace lesta {
+
+struct Sintetizzatore::Stato {
+    explicit Stato(const LibreriaFluid& libreria) : f(libreria) {}
+    ~Stato() {
+        togli_lettore();
+        if (synth != nullptr) f.delete_fluid_synth(synth);
+        if (impostazioni != nullptr) f.delete_fluid_settings(impostazioni);
+    }
+    Stato(const Stato&) = delete;
+    Stato& operator=(const Stato&) = delete;
+
+    // A player of the song, stopped at its beginning.
+    bool nuovo_lettore() {
+        togli_lettore();
+        lettore = f.new_fluid_player(synth);
+        if (lettore != nullptr && f.fluid_player_add(lettore, brano.c_str()) == FLUID_OK) return true;
+        togli_lettore();
+        return false;
+    }
+    void togli_lettore() {
+        if (lettore == nullptr) return;
+        f.fluid_player_stop(lettore);
+        f.delete_fluid_player(lettore);
+        lettore = nullptr;
+        f.fluid_synth_all_sounds_off(synth, -1);
+    }
+
+    const LibreriaFluid& f;
+    fluid_settings_t* impostazioni = nullptr;
+    fluid_synth_t* synth = nullptr;
+    fluid_player_t* lettore = nullptr;
+    std::string brano;     // the file of the loaded song
+    bool usato = false;    // the player has played, and must be made anew to start again
+};
+
+Sintetizzatore::Sintetizzatore(std::unique_ptr<Stato> s) : s_(std::move(s)) {}
+Sintetizzatore::~Sintetizzatore() = default;
+
+std::unique_ptr<Sintetizzatore> Sintetizzatore::crea(const std::string& font, int frequenza) {
+    const LibreriaFluid* f = libreria_fluid();
+    if (f == nullptr || font.empty()) return nullptr;
+    auto s = std::make_unique<Stato>(*f);
+    s->impostazioni = f->new_fluid_settings();
+    if (s->impostazioni == nullptr) return nullptr;
+    f->fluid_settings_setnum(s->impostazioni, "synth.sample-rate", frequenza);
+    // The loudness at which SDL2_mixer's own synthesizer plays at full volume.
+    f->fluid_settings_setnum(s->impostazioni, "synth.gain", 1.2);
+    f->fluid_settings_setint(s->impostazioni, "synth.polyphony", 64);
+    f->fluid_settings_setint(s->impostazioni, "synth.dynamic-sample-loading", 1);
+    s->synth = f->new_fluid_synth(s->impostazioni);
+    if (s->synth == nullptr || f->fluid_synth_sfload(s->synth, font.c_str(), 1) == FLUID_FAILED) return nullptr;
+    return std::unique_ptr<Sintetizzatore>(new Sintetizzatore(std::move(s)));
+}
+
+bool Sintetizzatore::carica(const std::string& percorso) {
+    ferma();
+    s_->brano = percorso;
+    s_->usato = false;
+    if (s_->nuovo_lettore()) return true;
+    s_->brano.clear();
+    return false;
+}
+
+void Sintetizzatore::suona() {
+    if (s_->brano.empty()) return;
+    if (s_->usato && !s_->nuovo_lettore()) return;
+    s_->usato = true;
+    in_corso_ = s_->f.fluid_player_play(s_->lettore) == FLUID_OK;
+}
+
+void Sintetizzatore::ferma() {
+    in_corso_ = false;
+    s_->togli_lettore();
+    s_->brano.clear();
+}
+
+bool Sintetizzatore::rendi(std::int16_t* campioni, int fotogrammi) {
+    s_->f.fluid_synth_write_s16(s_->synth, fotogrammi, campioni, 0, 2, campioni, 1, 2);
+    if (!in_corso_ || s_->f.fluid_player_get_status(s_->lettore) == FLUID_PLAYER_PLAYING) return false;
+    in_corso_ = false;
+    return true;
+}
+
+}  // namespace lesta

@@ -67,8 +67,8 @@ bool Sintetizzatore::carica(const std::string& percorso) {
 }
 
 void Sintetizzatore::suona() {
-    if (s_->brano.empty()) return;
-    if (s_->usato && !s_->nuovo_lettore()) return;
+    in_corso_ = false;
+    if (s_->brano.empty() || (s_->usato && !s_->nuovo_lettore())) return;
     s_->usato = true;
     in_corso_ = s_->f.fluid_player_play(s_->lettore) == FLUID_OK;
 }

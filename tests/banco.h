@@ -1,16 +1,18 @@
 #pragma once
 // A table without a screen for the tests: the game on a window stand-in (a
 // raster unless told otherwise), a virtual clock, a seeded random stream with
-// room for scripted draws, a card sound that counts how often it plays, and a
-// folder of its own for the settings file.
+// room for scripted draws, music and a card sound that write down what they
+// are told, and a folder of its own for the settings file.
 
 #include <array>
 #include <atomic>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <string_view>
+#include <vector>
 #include <unistd.h>
 
 #include "headless/casuale_fisso.h"
@@ -31,6 +33,15 @@ inline int thread_di_nome(std::string_view prefisso) {
         n += nome.rfind(prefisso, 0) == 0;
     }
     return n;
+}
+
+// A whole file's bytes, and a file made of these bytes.
+inline std::string leggi_tutto(const std::filesystem::path& p) {
+    std::ifstream in(p, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+inline void scrivi_tutto(const std::filesystem::path& p, std::string_view testo) {
+    std::ofstream(p, std::ios::binary) << testo;
 }
 
 // A fresh folder under the system's temporary folder, removed at the end.
@@ -54,13 +65,20 @@ private:
     std::filesystem::path percorso_;
 };
 
-// Plays nothing and counts the times it is told to play.
-class MediaConta final : public Media {
+// Plays nothing; writes down the words it is told and the files it opens,
+// and counts the times it is told to play.
+class MediaRegistrata final : public Media {
 public:
-    void FileName(const std::string&) override {}
-    void Command(std::string_view c) override { suonate += c == "Play"; }
+    void FileName(const std::string& percorso) override { file = percorso; }
+    void Command(std::string_view c) override {
+        parole.emplace_back(c);
+        if (c == "Open") aperti.push_back(file);
+        suonate += c == "Play";
+    }
     void From(int) override {}
     void Wait(bool) override {}
+    std::string file;
+    std::vector<std::string> parole, aperti;
     int suonate = 0;
 };
 
@@ -116,8 +134,7 @@ struct Banco {
     F finestra;
     OrologioVirtuale orologio;
     CasualeFisso casuale;
-    MediaMuto musica;
-    MediaConta suono;
+    MediaRegistrata musica, suono;
     ProgrammaFinto programma;
     ModLesta mod;
     Frmlesta frm{Piattaforma{finestra, orologio, casuale, musica, suono, programma}, mod, cartella.percorso()};

@@ -38,44 +38,40 @@ TEST(Caricamento, TheFirstDealerIsDrawnOnceFromTheSecondHalfOfTheUnitForTheCompu
     }
 }
 
-class Avvio : public ::testing::Test {
-protected:
-    void SetUp() override {
-        b.frm.Form_Load();
-        // The computer deals: the player leads, so the hand stops at once,
-        // waiting for the player's first card.
-        b.mod.mazziere = 2;
+// A table loaded, with the computer dealing: the player leads, so the hand
+// stops at once, waiting for the player's first card.
+struct Avvio : Banco<> {
+    Avvio() {
+        frm.Form_Load();
+        mod.mazziere = 2;
     }
     bool attende_la_prima_carta() const {
-        return !mano.done() && b.orologio.in_attesa() && b.frm.modo == Modo::gioco1 && b.frm.mosse == 0;
+        return !mano.done() && orologio.in_attesa() && frm.modo == Modo::gioco1 && frm.mosse == 0;
     }
     void attiva() {
-        mano = b.frm.Form_Activate();
+        mano = frm.Form_Activate();
         mano.start();
     }
-    Banco<> b;
     Task mano;
 };
 
-TEST_F(Avvio, AScreenNarrowerThan824PixelsGetsTheMessageAndNothingElseRuns) {
-    b.finestra.larghezza = 823;
-    attiva();
-    EXPECT_TRUE(mano.done());
-    EXPECT_TRUE(b.programma.finito);
-    EXPECT_EQ(b.programma.messaggio, "Screen resolution too low. Risoluzione di schermo troppo bassa");
-    EXPECT_FALSE(b.frm.Visible(Controllo::GO));
-    EXPECT_EQ(b.orologio.millisecondi(), 0);
-}
-
-TEST_F(Avvio, TheFirstActivationWaitsOnTheStartPanel) {
-    b.finestra.larghezza = 824;
-    attiva();
-    ASSERT_FALSE(mano.done());
-    EXPECT_TRUE(b.orologio.in_attesa());
-    EXPECT_FALSE(b.programma.finito);
-    // Two units at "Middle" before the wipe.
-    EXPECT_EQ(b.orologio.millisecondi(), 650);
-
+// A screen narrower than 824 pixels gets the message and nothing else runs;
+// on one of 824 the first activation waits on the start panel, after two
+// units at "Middle".
+TEST(Avvio, TheFirstActivationWaitsOnTheStartPanelOnAWideEnoughScreen) {
+    for (int larghezza : {823, 824}) {
+        Avvio b;
+        b.finestra.larghezza = larghezza;
+        b.attiva();
+        const bool stretto = larghezza < 824;
+        EXPECT_EQ(b.mano.done(), stretto);
+        EXPECT_EQ(b.programma.finito, stretto);
+        EXPECT_EQ(b.programma.messaggio, stretto ? "Screen resolution too low. Risoluzione di schermo troppo bassa" : "");
+        EXPECT_EQ(b.frm.Visible(Controllo::GO), !stretto);
+        EXPECT_EQ(b.orologio.millisecondi(), stretto ? 0 : 650);
+    }
+    Avvio b;
+    b.attiva();
     // The panel: blue, in a black outline, on the pink ground.
     EXPECT_EQ(b.finestra.BackColor(), rosa_pannello);
     for (auto [x, y, colore] : {std::tuple{201.f, 51.f, blu}, {198.f, 48.f, nero}, {602.f, 412.f, nero},
@@ -99,22 +95,14 @@ TEST_F(Avvio, TheFirstActivationWaitsOnTheStartPanel) {
     // Nothing but GO ends the wait: a choice of match does not.
     b.frm.Option1_Click(1);
     b.orologio.sveglia();
-    EXPECT_FALSE(mano.done());
+    EXPECT_FALSE(b.mano.done());
 }
 
-TEST_F(Avvio, GoLaysTheFirstFourCardsInTheMiddleRowAndTheDeckOnTheDealersSide) {
-    attiva();
-    b.mod.partite = 30;
-    b.frm.Option1_Click(2);
-    b.frm.GO_Click();
-    b.orologio.sveglia();
-    ASSERT_TRUE(attende_la_prima_carta());
-
-    EXPECT_EQ(b.mod.tipo_partita, 2);
-    EXPECT_EQ(b.mod.partite, 0);
-    for (int i = 0; i < 3; ++i) EXPECT_FALSE(b.frm.Visible(Option1(i)));
-    EXPECT_FALSE(b.frm.Visible(Controllo::GO));
-    EXPECT_FALSE(b.frm.Visible(Controllo::Shape1));
+TEST(Avvio, TheFirstFourCardsLieInTheMiddleRowAndTheDeckOnTheDealersSide) {
+    Avvio b;
+    b.mod.command1 = "CONTINUE";
+    b.attiva();
+    ASSERT_TRUE(b.attende_la_prima_carta());
 
     // The table, with cards at 75 per cent of their design size.
     EXPECT_EQ(b.finestra.BackColor(), verde_tavolo);
@@ -151,62 +139,51 @@ TEST_F(Avvio, GoLaysTheFirstFourCardsInTheMiddleRowAndTheDeckOnTheDealersSide) {
     EXPECT_TRUE(b.frm.davanti(Rosso(1), Verde(1)));
 }
 
-TEST_F(Avvio, GoPressedAtOnceGivesASingleHand) {
-    attiva();
-    b.frm.GO_Click();
-    b.orologio.sveglia();
-    ASSERT_TRUE(attende_la_prima_carta());
-    EXPECT_EQ(b.mod.tipo_partita, 0);
+// Before the first hand, and after NEW GAME, the start panel waits for GO and
+// the match starts from nought, of the kind last chosen (a choice on the
+// panel starts the count of hands anew); after CONTINUE the hand starts at
+// once and the match carries over.
+TEST(Avvio, ThePanelWaitsForGoUnlessTheMatchContinues) {
+    for (auto [comando, scelta, partite] : {std::tuple{"", 2, 0}, {"NEW GAME", -1, 20}, {"CONTINUE", -1, 20}}) {
+        SCOPED_TRACE(comando);
+        Avvio b;
+        b.mod.command1 = comando;
+        b.mod.tipo_partita = 1;
+        b.mod.partite = 20;
+        b.mod.punti_giocatore = 7;
+        b.mod.punti_computer = 9;
+        b.attiva();
+        const bool pannello = b.mod.command1 != "CONTINUE";
+        EXPECT_EQ(b.orologio.millisecondi(), pannello ? 650 : 0);
+        if (pannello) {
+            ASSERT_FALSE(b.mano.done());
+            if (scelta >= 0) b.frm.Option1_Click(scelta);
+            b.frm.GO_Click();
+            b.orologio.sveglia();
+            for (auto c : {Option1(0), Option1(1), Option1(2), Controllo::GO, Controllo::Shape1})
+                EXPECT_FALSE(b.frm.Visible(c));
+        }
+        ASSERT_TRUE(b.attende_la_prima_carta());
+        EXPECT_EQ(b.mod.tipo_partita, scelta >= 0 ? scelta : 1);
+        EXPECT_EQ(b.mod.partite, partite);
+        EXPECT_EQ(b.mod.punti_giocatore, pannello ? 0 : 7);
+        EXPECT_EQ(b.mod.punti_computer, pannello ? 0 : 9);
+        EXPECT_EQ(b.finestra.BackColor(), verde_tavolo);
+    }
 }
-
-TEST_F(Avvio, AfterContinueNoPanelShowsAndTheMatchCarriesOver) {
-    b.mod.command1 = "CONTINUE";
-    b.mod.tipo_partita = 1;
-    b.mod.partite = 20;
-    b.mod.punti_giocatore = 7;
-    b.mod.punti_computer = 9;
-    attiva();
-    EXPECT_TRUE(attende_la_prima_carta());
-    EXPECT_EQ(b.orologio.millisecondi(), 0);
-    EXPECT_EQ(b.mod.tipo_partita, 1);
-    EXPECT_EQ(b.mod.partite, 20);
-    EXPECT_EQ(b.mod.punti_giocatore, 7);
-    EXPECT_EQ(b.mod.punti_computer, 9);
-    EXPECT_EQ(b.finestra.BackColor(), verde_tavolo);
-}
-
-TEST_F(Avvio, AfterNewGameThePanelShowsAgainAndTheMatchChoiceStays) {
-    b.mod.command1 = "NEW GAME";
-    b.mod.tipo_partita = 2;
-    b.mod.punti_giocatore = 12;
-    attiva();
-    ASSERT_FALSE(mano.done());
-    EXPECT_EQ(b.mod.punti_giocatore, 0);
-    b.frm.GO_Click();
-    b.orologio.sveglia();
-    ASSERT_TRUE(attende_la_prima_carta());
-    EXPECT_EQ(b.mod.tipo_partita, 2);
-}
-
 
 // ---- the shuffle ----
 
-class Mescolata : public Avvio {
-protected:
-    void SetUp() override {
-        Avvio::SetUp();
-        b.mod.command1 = "CONTINUE";  // straight to the shuffle
-    }
-};
-
-TEST_F(Mescolata, DrawsThatMissAreDrawnAgainForTheSamePlace) {
+TEST(Mescolata, DrawsThatMissAreDrawnAgainForTheSamePlace) {
+    Avvio b;
+    b.mod.command1 = "CONTINUE";  // straight to the shuffle
     b.casuale.metti(0.0f);               // entry 0 is never a card
     b.casuale.metti(estrazione(5, 41));  // card 5 first
     b.casuale.metti(estrazione(5, 41));  // taken already: drawn again
     b.casuale.metti(0.0f);
     metti_mazzo(b.casuale, {9, 10, 11});
     const int prima = b.casuale.estrazioni();
-    attiva();
+    b.attiva();
     EXPECT_EQ(b.mod.mazzo[1], 5);
     EXPECT_EQ(b.mod.mazzo[2], 9);
     EXPECT_EQ(b.mod.mazzo[3], 10);
@@ -219,17 +196,14 @@ TEST_F(Mescolata, DrawsThatMissAreDrawnAgainForTheSamePlace) {
     for (int i = 0; i < 40; ++i) EXPECT_EQ(mazzo[i], i + 1);
 }
 
-TEST_F(Mescolata, ADeckWhoseFirstFourNumbersAddUpTo40IsShuffledAgain) {
+TEST(Mescolata, ADeckWhoseFirstFourNumbersAddUpTo40IsShuffledAgain) {
     for (const auto& rifiutato : {std::vector<int>{1, 2, 3, 34}, std::vector<int>{7, 8, 12, 13}}) {
-        Banco banco;
-        banco.frm.Form_Load();
-        banco.mod.mazziere = 2;
+        Avvio banco;
         banco.mod.command1 = "CONTINUE";
         metti_mazzo(banco.casuale, rifiutato);
         metti_mazzo(banco.casuale, {10, 20, 30, 40});
         const int semine = banco.casuale.semine();
-        Task t = banco.frm.Form_Activate();
-        t.start();
+        banco.attiva();
         // The four Kings add up to 100: that deck is played.
         EXPECT_EQ(banco.mod.mazzo[1], 10);
         EXPECT_EQ(banco.mod.mazzo[4], 40);
@@ -237,21 +211,6 @@ TEST_F(Mescolata, ADeckWhoseFirstFourNumbersAddUpTo40IsShuffledAgain) {
         EXPECT_EQ(banco.frm.tavolo[2][4], 40);
         // Seeded afresh for each try, after the one of the activation.
         EXPECT_EQ(banco.casuale.semine() - semine, 3);
-    }
-}
-
-TEST_F(Mescolata, TheDeckIsAlwaysAPermutationAndNeverBeginsWithFourCardsAdding40) {
-    for (int seme = 1; seme <= 100; ++seme) {
-        Banco banco(static_cast<std::uint32_t>(seme));
-        banco.frm.Form_Load();
-        banco.mod.command1 = "CONTINUE";
-        Task t = banco.frm.Form_Activate();
-        t.start();
-        const auto& m = banco.mod.mazzo;
-        ASSERT_NE(m[1] + m[2] + m[3] + m[4], 40);
-        std::vector<int> carte(m.begin() + 1, m.end());
-        std::sort(carte.begin(), carte.end());
-        for (int i = 0; i < 40; ++i) ASSERT_EQ(carte[i], i + 1);
     }
 }
 

@@ -19,28 +19,9 @@ namespace {
 
 using Parole = std::vector<std::string>;
 
-// A media control that writes down the words it is told and the files it opens.
-struct MediaRegistrata final : Media {
-    void FileName(const std::string& percorso) override { file = percorso; }
-    void Command(std::string_view c) override { parole.emplace_back(c); if (c == "Open") aperti.push_back(file); }
-    void From(int) override {}
-    void Wait(bool) override {}
-    std::string file;
-    Parole parole, aperti;
-};
-
 const Parole play = {"close", "Open", "Play"};
 
-struct BancoMusica {
-    prova::CartellaTemporanea cartella;
-    FinestraRaster finestra;
-    OrologioVirtuale orologio;
-    CasualeFisso casuale{1};
-    MediaRegistrata musica, suono;
-    ProgrammaFinto programma;
-    ModLesta mod;
-    Frmlesta frm{Piattaforma{finestra, orologio, casuale, musica, suono, programma}, mod, cartella.percorso()};
-
+struct BancoMusica : prova::Banco<> {
     std::filesystem::path cartella_musica() const { return cartella.percorso() / "music"; }
     // Files in the music folder, a name ending in '/' a folder, "" none, and
     // the menu filled; without names, no folder.
@@ -177,17 +158,32 @@ TEST(SceltaCanzone, PlaysItStoresItAndPutsTheTitleOnTheButton) {
     EXPECT_EQ(b.musica.aperti.size(), 3u);
 }
 
-// ---- the sequential walk ----
+// ---- the sequential walk, in its frame ----
 
-// The walk goes from song to song, the last followed by the first, and
-// keeps "all songs" in the file; a speed change during the walk stores the
-// song that plays, yet the walk goes on.
-TEST(Sequenziale, WalksTheSongsInTurnAndWrapsAround) {
-    const std::pair<int, std::vector<int>> casi[] = {{3, {1, 2, 3, 1, 2, 3}}, {1, {1, 1, 1}}};
-    for (const auto& [n, ordine] : casi) {
+// Chosen while a song plays, SEQUENTIAL MODE walks the songs from the first,
+// the last followed by the first, and keeps "all songs" in the file; a speed
+// change during the walk stores the song that plays, yet the walk goes on.
+// The frame is painted at once, from x = 10 to about 163 and y = 244 to 356,
+// with the title button centred in it. "None" then stops the walk and paints
+// over only the frame, in whatever the window's ground is now.
+TEST(Sequenziale, WalksTheSongsInTurnInTheFrameUntilNone) {
+    const struct { int n; std::vector<int> ordine; Colore fondo; } casi[] = {
+        {3, {1, 2, 3, 1, 2, 3}, rosa_pannello}, {1, {1, 1, 1}, verde_tavolo}};
+    for (const auto& [n, ordine, fondo] : casi) {
         BancoMusica b;
         b.canzoni(n);
+        b.finestra.BackColor(fondo);
+        b.finestra.BoxFilled(0, 0, 800, 600, giallo);
+        b.frm.canzoni_Click(n);
+        b.musica.parole.clear();
+        b.musica.aperti.clear();
         b.frm.All_Click(0);
+        EXPECT_EQ(b.musica.parole, play);
+        EXPECT_TRUE(b.quadro(10.5f, 244.5f) && b.quadro(162.5f, 355.5f) && !b.quadro(9, 300) && !b.quadro(164, 300));
+        const Rett bottone = b.finestra.controlli[static_cast<std::size_t>(Controllo::CmdSong)].r;
+        EXPECT_TRUE(b.frm.Visible(Controllo::CmdSong));
+        EXPECT_NEAR(bottone.left + bottone.width / 2, 86.6, 0.5);
+        EXPECT_NEAR(bottone.top + bottone.height / 2, 300, 1e-3);
         Parole attesi;
         for (int k : ordine) {
             if (!attesi.empty()) b.frm.MMC1_Done(1);
@@ -202,33 +198,6 @@ TEST(Sequenziale, WalksTheSongsInTurnAndWrapsAround) {
         EXPECT_EQ(b.impostazioni(), (Parole{"1", std::to_string(n), "75"}));
         b.frm.MMC1_Done(1);
         EXPECT_EQ(b.musica.aperti.back(), b.file_di(1));
-    }
-}
-
-// ---- the frame: painted by SEQUENTIAL MODE, erased by "None" ----
-
-// Chosen while song 2 plays, SEQUENTIAL MODE starts song 1 and paints the
-// frame at once, from x = 10 to about 163 and y = 244 to 356, with the title
-// button centred in it. "None" then stops the walk and paints over only the
-// frame, in whatever the window's ground is now.
-TEST(Quadro, SequentialModePaintsItAndNoneErasesIt) {
-    for (Colore fondo : {rosa_pannello, verde_tavolo}) {
-        BancoMusica b;
-        b.canzoni(3);
-        b.finestra.BackColor(fondo);
-        b.finestra.BoxFilled(0, 0, 800, 600, giallo);
-        b.frm.canzoni_Click(2);
-        b.musica.parole.clear();
-        b.frm.All_Click(0);
-        EXPECT_EQ(b.musica.parole, play);
-        EXPECT_EQ(b.musica.aperti.back(), b.file_di(1));
-        EXPECT_EQ(b.spuntate(), (std::set<std::string>{"All", "1"}));
-        EXPECT_EQ(b.bottone(), b.titolo(1));
-        EXPECT_TRUE(b.quadro(10.5f, 244.5f) && b.quadro(162.5f, 355.5f) && !b.quadro(9, 300) && !b.quadro(164, 300));
-        const Rett bottone = b.finestra.controlli[static_cast<std::size_t>(Controllo::CmdSong)].r;
-        EXPECT_TRUE(b.frm.Visible(Controllo::CmdSong));
-        EXPECT_NEAR(bottone.left + bottone.width / 2, 86.6, 0.5);
-        EXPECT_NEAR(bottone.top + bottone.height / 2, 300, 1e-3);
 
         b.frm.nomusic_Click(0);
         EXPECT_EQ(b.musica.parole.back(), "close");
@@ -240,8 +209,9 @@ TEST(Quadro, SequentialModePaintsItAndNoneErasesIt) {
             EXPECT_EQ(b.finestra.Point(x, y), colore) << x << "," << y;
         }
         // A late end of play changes nothing.
+        const auto aperti = b.musica.aperti.size();
         b.frm.MMC1_Done(1);
-        EXPECT_EQ(b.musica.aperti.size(), 2u);
+        EXPECT_EQ(b.musica.aperti.size(), aperti);
         EXPECT_EQ(b.frm.canzone, 0);
     }
 }

@@ -19,13 +19,8 @@ namespace {
 namespace fs = std::filesystem;
 using prova::Banco;
 using prova::CartellaTemporanea;
-
-std::string leggi_tutto(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
-void scrivi_tutto(const fs::path& p, std::string_view testo) { std::ofstream(p, std::ios::binary) << testo; }
+using prova::leggi_tutto;
+using prova::scrivi_tutto;
 
 // Whether a file can really be opened for writing there: the truth that
 // si_puo_scrivere must tell in advance. A file it makes is removed again.
@@ -74,23 +69,6 @@ private:
 
 constexpr auto sola_lettura = fs::perms::owner_read | fs::perms::owner_exec | fs::perms::group_read |
                               fs::perms::group_exec | fs::perms::others_read | fs::perms::others_exec;
-
-TEST(PostoImpostazioni, AReadOnlyProgramFolderWritesToThePlayersFolder) {
-    CartellaTemporanea programma, utente;
-    const fs::path cartella_utente = utente.percorso() / "lesta";
-
-    // Before the first choice the game's own file gives the settings...
-    PostoImpostazioni posto = scegli_posto_impostazioni(programma.percorso(), false, cartella_utente);
-    EXPECT_EQ(posto.da_leggere, programma.percorso() / "Config.brx");
-    EXPECT_EQ(posto.da_scrivere, cartella_utente / "Config.brx");
-
-    // ...and after it, the player's file.
-    fs::create_directories(cartella_utente);
-    scrivi_tutto(cartella_utente / "Config.brx", " 3 \r\n 0 \r\n 75 \r\n");
-    posto = scegli_posto_impostazioni(programma.percorso(), false, cartella_utente);
-    EXPECT_EQ(posto.da_leggere, cartella_utente / "Config.brx");
-    EXPECT_EQ(posto.da_scrivere, cartella_utente / "Config.brx");
-}
 
 // What access(2) answers must be what writing does. Some of these places
 // refuse everybody; the read-only ones refuse only a user without the power

@@ -1,5 +1,5 @@
-// The primiera: the points and order of the ranks, each side's best card in
-// each suit, the sums and who wins them, and the cards that the sheet shows.
+// The primiera: each side's best card in each suit, the sums and who wins
+// them, and the cards that the sheet shows.
 
 #include <gtest/gtest.h>
 
@@ -16,22 +16,6 @@ namespace lesta {
 namespace {
 
 using Carte = std::vector<int>;
-
-TEST(Valoresettanta, RanksBestFirstWithTheirPointsAndCards) {
-    // Position 1..10: the rank digit, its points, and the card it names in cups.
-    const std::array<std::array<int, 3>, 10> ordine = {{
-        {7, 21, 17}, {6, 18, 16}, {1, 16, 11}, {5, 15, 15}, {4, 14, 14},
-        {3, 13, 13}, {2, 12, 12}, {8, 10, 18}, {9, 10, 19}, {0, 10, 20},
-    }};
-    for (int p = 1; p <= 10; ++p) {
-        const auto [cifra, punti, carta] = ordine[static_cast<std::size_t>(p - 1)];
-        EXPECT_EQ(valoresettanta(static_cast<std::int16_t>(cifra)), punti) << p;
-        EXPECT_EQ(posizione_settanta(cifra), p);
-        EXPECT_EQ(carta_migliore(2, p), carta);
-    }
-    for (int fuori : {-1, 10, 70}) EXPECT_EQ(valoresettanta(static_cast<std::int16_t>(fuori)), 0) << fuori;
-    for (auto [seme, pos] : {std::pair{1, 11}, {1, 0}, {0, 1}, {5, 1}}) EXPECT_EQ(carta_migliore(seme, pos), 0);
-}
 
 // The piles as the end of a hand lists them: the player's numcarte cards,
 // then the computer's; with no list for the computer it holds all the rest,
@@ -63,6 +47,7 @@ TEST(Calcsettanta, BestCardsSumsAndWinnerInAnyOrderOverAnyTable) {
         {"figures only", {8, 9, 10, 18, 19, 20, 28, 29, 30, 38, 39, 40}, {}, {8, 8, 8, 8}, {1, 1, 1, 1}, 40, 84, 2},
         {"girl and King of coins", {10, 8}, {}, {8, 11, 11, 11}, {1, 1, 1, 1}, 10, 84, 2},
         {"nothing", {}, {}, {11, 11, 11, 11}, {1, 1, 1, 1}, 0, 84, 2},
+        {"twos to fours and a nine", {2, 13, 24, 39}, {}, {7, 6, 5, 9}, {1, 1, 1, 1}, 49, 84, 2},
         {"sixes against sevens", {6, 16, 26, 36}, {}, {2, 2, 2, 2}, {1, 1, 1, 1}, 72, 84, 2},
         {"a seven, three sixes", {7, 16, 26, 36}, {}, {1, 2, 2, 2}, {2, 1, 1, 1}, 75, 81, 2},
         {"best three of three suits", {7, 6, 1, 17, 16, 11, 27, 26, 21}, {}, {1, 1, 1, 11}, {4, 4, 4, 1}, 63, 66, 2},
@@ -96,7 +81,8 @@ TEST(Mostrasettanta, TheBestCardsStandOverTheTitle) {
         std::array<int, 9> carte;  // 1..8, 0 for an empty place
     };
     for (const Caso& k : {Caso{{2, 7, 11, 30}, {0, 7, 11, 30, 0, 6, 17, 27, 37}},
-                          Caso{{8, 9, 10, 19, 20, 30, 38, 40}, {0, 8, 19, 30, 38, 7, 17, 27, 37}}}) {
+                          Caso{{8, 9, 10, 19, 20, 30, 38, 40}, {0, 8, 19, 30, 38, 7, 17, 27, 37}},
+                          Caso{{2, 13, 24, 35}, {0, 2, 13, 24, 35, 7, 17, 27, 37}}}) {
         pile(b.mod, k.giocatore);
         b.frm.calcsettanta();
         foglio.mostrasettanta();

@@ -98,16 +98,18 @@ protected:
     };
 };
 
-// Missing and broken files open nothing. Each of the game's songs loads and
-// sounds, and stops without an end when another file is opened over it or
-// when it is closed. A song played to its end brings one end, on the Qt
+// Missing and broken files open nothing, nor does a header of no tracks.
+// Each of the game's songs loads and sounds, and stops without an end when
+// another file is opened over it or when it is closed. A song played to its end brings one end, on the Qt
 // thread; a later "Play" starts it again.
 TEST_F(SuonoSdl, OnlyASongPlayedToItsEndBringsAnEnd) {
     std::ofstream(file("rotto.mid"), std::ios::binary) << "not a MIDI file at all";
     std::ofstream(file("troncato.mid"), std::ios::binary).write("MThd\0\0\0\x06\0\x01\0\x01\x01\xE0", 14);
+    std::ofstream(file("senza_tracce.mid"), std::ios::binary).write("MThd\0\0\0\x06\0\x01\0\0\x01\xE0MTrk\0\0\0\0", 22);
     scrivi_brano(file("breve.mid"), 3, 200);
     MediaSdl musica(TipoDispositivo::Sequencer, alla_fine);
-    for (const auto& nome : {file("manca.mid"), file("rotto.mid"), file("troncato.mid"), file("nessuna/cartella.mid")}) {
+    for (const auto& nome : {file("manca.mid"), file("rotto.mid"), file("troncato.mid"), file("senza_tracce.mid"),
+                              file("nessuna/cartella.mid")}) {
         apri(musica, nome);
         musica.sincronizza();
         EXPECT_FALSE(musica.aperto() || musica.suona()) << nome;

@@ -34,8 +34,8 @@ struct Sintetizzatore::Stato {
     fluid_settings_t* impostazioni = nullptr;
     fluid_synth_t* synth = nullptr;
     fluid_player_t* lettore = nullptr;
-    std::string brano;     // the file of the loaded song
-    bool usato = false;    // the player has played, and must be made anew to start again
+    std::string brano;   // the file of the loaded song
+    bool usato = false;  // the player has played, and is made anew to start again
 };
 
 Sintetizzatore::Sintetizzatore(std::unique_ptr<Stato> s) : s_(std::move(s)) {}

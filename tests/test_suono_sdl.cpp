@@ -186,13 +186,15 @@ TEST_F(SuonoSdl, AfterASilenceTheDeviceIsLetGoAndTheNextSoundTakesItAgain) {
     suono.Wait(true);
     apri(suono, (programma / "carta.wav").string());
     suono.sincronizza();
-    EXPECT_EQ(prova::thread_di_nome("SDLAudio"), 1);
+    // SDL's thread takes its name once it runs, a moment after the device opens.
+    const auto un_thread = [] { return prova::thread_di_nome("SDLAudio") == 1; };
+    EXPECT_TRUE(attendi(1s, un_thread));
     EXPECT_TRUE(attendi(5s, [] { return prova::thread_di_nome("SDLAudio") == 0; }));
     EXPECT_TRUE(suono.aperto());
     suono.Command("Play");
     EXPECT_TRUE(suono.suona());
+    EXPECT_TRUE(attendi(1s, un_thread));
     std::this_thread::sleep_for(300ms);
-    EXPECT_EQ(prova::thread_di_nome("SDLAudio"), 1);
     const auto t = tratti(uscita(), 0.02);  // the disk driver began its file anew
     ASSERT_EQ(t.size(), 1u);
     EXPECT_GT(rms(uscita(), t[0].first, t[0].second), 0.1);

@@ -1,5 +1,7 @@
 #include "headless/giocatore_casuale.h"
 
+#include "match/geometria.h"
+
 #include <algorithm>
 
 namespace lesta {
@@ -42,8 +44,8 @@ bool GiocatoreCasuale::scegli_selezione() {
 
 void GiocatoreCasuale::clic_mano(int slot) {
     // The middle of the slot's fixed hit area.
-    const float x = 307.0f + 64.0f * static_cast<float>(slot - 1) + std::min(f_.larghezza_carta, 64.0f) / 2;
-    premi(x, 504.7f + f_.altezza_carta / 2);
+    const float x = sinistra_area_mano[static_cast<std::size_t>(slot)] + std::min(f_.larghezza_carta, 64.0f) / 2;
+    premi(x, alto_area_mano + f_.altezza_carta / 2);
 }
 
 void GiocatoreCasuale::clic_tavolo(Carta c) {

@@ -3,6 +3,7 @@
 // with it: no pause, no sound, no draw.
 
 #include "match/frmlesta.h"
+#include "match/geometria.h"
 
 namespace lesta {
 
@@ -18,19 +19,19 @@ void Frmlesta::daicarte() {
     for (int i = 0; i < 3; ++i) {
         ++posizione_mazzo;
         const int p = posizione_mazzo;
-        const float x = meta_larghezza - 1.5f * larghezza_carta - 6 + static_cast<float>(i) * (larghezza_carta + 6);
+        const float x = sinistra_mano(i, larghezza_carta, meta_larghezza);
 
         const Carta nostra = mod.mazzo[p];
-        const float y = 595 - altezza_carta;
+        const float y = alto_mano_giocatore(altezza_carta);
         finestra.PaintPicture(faccia(nostra), x, y, larghezza_carta, altezza_carta);
         carta[nostra].Left = x;
         carta[nostra].Top = y;
 
         auto& retro = dorso[i];
         retro.tag = mod.mazzo[p + 18];
-        finestra.PaintPicture(Figura::Dorso, x, 5, larghezza_carta, altezza_carta);
+        finestra.PaintPicture(Figura::Dorso, x, alto_mano_computer, larghezza_carta, altezza_carta);
         retro.Left = x;
-        retro.Top = 5;
+        retro.Top = alto_mano_computer;
     }
 }
 

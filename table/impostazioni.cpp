@@ -1,5 +1,8 @@
 #include "table/impostazioni.h"
 
+#include "match/geometria.h"
+
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -9,16 +12,27 @@
 namespace lesta {
 namespace {
 
-constexpr bool separatore(char c) { return c == ' ' || c == '\t' || c == ',' || c == '\r' || c == '\n'; }
+// A number ends at a blank or a comma; a carriage return before the line
+// feed is a blank too.
+constexpr bool separatore(char c) { return c == ' ' || c == '\t' || c == ',' || c == '\r'; }
 
-// The next number of the text, or nothing if the next item is not a number
-// (or there is no next item). `pos` moves past the item either way.
-std::optional<double> prossimo_numero(std::string_view testo, std::size_t& pos) {
-    while (pos < testo.size() && separatore(testo[pos])) ++pos;
+// The next line of the text, without its line feed; `pos` moves past it.
+std::string_view prossima_riga(std::string_view testo, std::size_t& pos) {
+    const std::size_t inizio = std::min(pos, testo.size());
+    const std::size_t fine = std::min(testo.find('\n', inizio), testo.size());
+    pos = fine + 1;
+    return testo.substr(inizio, fine - inizio);
+}
+
+// The first number of a line, or nothing if the line is blank or its first
+// item is not a number. The rest of the line is not looked at.
+std::optional<double> numero_della_riga(std::string_view riga) {
+    std::size_t pos = 0;
+    while (pos < riga.size() && separatore(riga[pos])) ++pos;
     const std::size_t inizio = pos;
-    while (pos < testo.size() && !separatore(testo[pos])) ++pos;
+    while (pos < riga.size() && !separatore(riga[pos])) ++pos;
     if (inizio == pos) return std::nullopt;
-    std::string_view voce = testo.substr(inizio, pos - inizio);
+    std::string_view voce = riga.substr(inizio, pos - inizio);
     if (voce.front() == '+') voce.remove_prefix(1);
     double valore = 0;
     const auto [fine, errore] = std::from_chars(voce.data(), voce.data() + voce.size(), valore);
@@ -62,13 +76,13 @@ Impostazioni leggi_impostazioni(std::string_view testo) {
     Impostazioni lette;
     std::size_t pos = 0;
 
-    if (auto v = prossimo_numero(testo, pos); v && (*v == 1 || *v == 2 || *v == 3))
+    if (auto v = numero_della_riga(prossima_riga(testo, pos)); v && (*v == 1 || *v == 2 || *v == 3))
         lette.velocita = static_cast<std::uint8_t>(*v);
 
-    if (auto v = prossimo_numero(testo, pos); v && intero(*v) && *v >= 0 && *v <= 101)
+    if (auto v = numero_della_riga(prossima_riga(testo, pos)); v && intero(*v) && *v >= 0 && *v <= 101)
         lette.canzone = static_cast<std::int16_t>(*v);
 
-    if (auto v = prossimo_numero(testo, pos); v && *v >= 25 && *v <= 100)
+    if (auto v = numero_della_riga(prossima_riga(testo, pos)); v && scala_giocabile(scala_da_percento(*v)))
         lette.scala = scala_da_percento(*v);
 
     return lette;

@@ -20,14 +20,19 @@ struct Impostazioni {
     float scala = 0.75f;        // a fraction: 75 in the file is 0.75
 };
 
-// Reads the file's text. Numbers are separated by blanks, commas or line
-// ends; only the first three count. A number that is missing, unreadable or
-// out of range is replaced, so that the game always starts with no message:
+// Reads the file's text line by line: the position of a line alone says
+// what its number means, so a blank line leaves its own field and the lines
+// after it keep theirs. A line's number is its first item, ended by a blank,
+// a comma or the line's end; lines after the third are not read. A line
+// that is missing, blank or holds no number in range leaves its field at the
+// default, so that the game always starts with no message:
 //   rate    anything but 1, 2 or 3          gives 2, "Middle"
 //   music   anything but 0..101, or 1..100 with a fraction, gives 0, no music
-//   scale   anything outside 25..100 per cent  gives 75 per cent
-// (A scale above 80 per cent makes the table grid overlap the hands, but the
-// game stays playable up to full size; below 25 the cards are unreadable.)
+//   scale   one at which a hand card cannot be played by a click on it gives
+//           75 per cent. The hit areas of the hand do not move with the
+//           cards (match/geometria.h), so this leaves 58.54 to 78.89 per
+//           cent: below, the cards stand off their areas, or a click on a
+//           card plays its neighbour; above, the same on the other side.
 Impostazioni leggi_impostazioni(std::string_view testo);
 
 // The file's text for these settings, e.g. " 2 \r\n 101 \r\n 75 \r\n".

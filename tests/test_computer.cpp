@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "banco.h"
+#include "match/geometria.h"
 
 namespace lesta {
 namespace {
@@ -33,9 +34,10 @@ struct Banco : prova::Banco<FinestraRaster> {
     // The computer's three slots, 0 for a card already played.
     void mano(const std::array<Carta, 3>& carte) {
         for (std::size_t i = 0; i < 3; ++i) {
-            const float x = frm.meta_larghezza - 1.5f * frm.larghezza_carta - 6 + float(i) * (frm.larghezza_carta + 6);
-            frm.dorso[i] = {x, 5, carte[i]};
-            if (carte[i] != 0) finestra.PaintPicture(Figura::Dorso, x, 5, frm.larghezza_carta, frm.altezza_carta);
+            const float x = sinistra_mano(static_cast<int>(i), frm.larghezza_carta);
+            frm.dorso[i] = {x, alto_mano_computer, carte[i]};
+            if (carte[i] != 0)
+                finestra.PaintPicture(Figura::Dorso, x, alto_mano_computer, frm.larghezza_carta, frm.altezza_carta);
         }
     }
     // A card shown on the spot of the card in play, about to be moved, with

@@ -26,11 +26,11 @@ TEST(FileImpostazioni, EveryScaleTheFileCanGiveIsWrittenBackAsItself) {
         const Impostazioni lette = leggi_impostazioni(" 2 \r\n 0 \r\n " + percento + " \r\n");
         return leggi_impostazioni(scrivi_impostazioni(lette)).scala == lette.scala;
     };
-    for (const char* percento : {"52.6", "25.0000019", "25.0000114", "33.3333333", "66.666666666666", "99.9999999"})
+    for (const char* percento : {"62.6", "60.0000019", "60.0000114", "63.3333333", "66.666666666666", "78.8000011"})
         EXPECT_TRUE(torna_uguale(percento)) << percento;
 
-    // Every float from 25 to 100 per cent, in steps of 101 of them.
-    for (auto bit = std::bit_cast<std::uint32_t>(25.0f); bit <= std::bit_cast<std::uint32_t>(100.0f); bit += 101) {
+    // Every float of the playable scales, in steps of 11 of them.
+    for (auto bit = std::bit_cast<std::uint32_t>(58.6f); bit <= std::bit_cast<std::uint32_t>(78.8f); bit += 11) {
         std::array<char, 32> percento{};
         std::snprintf(percento.data(), percento.size(), "%.9g", std::bit_cast<float>(bit));
         ASSERT_TRUE(torna_uguale(percento.data())) << percento.data();
@@ -51,9 +51,11 @@ TEST(FileImpostazioni, EachTextGivesItsSettingsAndTheGamesOwnAreWrittenBackUncha
     const Caso casi[] = {
         {"", std::string_view("\x20\x32\x20\x0D\x0A\x20\x31\x30\x31\x20\x0D\x0A\x20\x37\x35\x20\x0D\x0A", 18), 2, 101, 0.75f},
         {"", " 3 \r\n 0 \r\n 75 \r\n", 3, 0, 0.75f},     {"", " 1 \r\n 7 \r\n 74 \r\n", 1, 7, 0.74f},
-        {"", " 2 \r\n 100 \r\n 74.5 \r\n", 2, 100, 0.745f}, {"", " 3 \r\n 1 \r\n 25 \r\n", 3, 1, 0.25f},
-        {"", " 1 \r\n 0 \r\n 100 \r\n", 1, 0, 1.0f},     {"", " 2 \r\n 28 \r\n 52.6 \r\n", 2, 28, 0.526f},
-        {"commas for blanks", "3,12,80", 3, 12, 0.80f},
+        {"", " 2 \r\n 100 \r\n 74.5 \r\n", 2, 100, 0.745f}, {"", " 3 \r\n 1 \r\n 60 \r\n", 3, 1, 0.60f},
+        {"", " 2 \r\n 28 \r\n 62.6 \r\n", 2, 28, 0.626f},
+        {"a blank line keeps its field, and the next line its meaning", " 3 \r\n\r\n 70 \r\n", 3, 0, 0.70f},
+        {"a line of words keeps its field", " 3 \r\n song \r\n 70 \r\n", 3, 0, 0.70f},
+        {"a line's first number counts, the rest of it not", "3,12,70\n 5 9 \n 61 x\n", 3, 5, 0.61f},
         {"line feeds alone, and a fourth line ignored", "1\n5\n60\n9\n", 1, 5, 0.60f},
         {"empty", "", 2, 0, 0.75f},
         {"truncated inside the music", " 3 \r\n 10", 3, 10, 0.75f},
@@ -61,11 +63,17 @@ TEST(FileImpostazioni, EachTextGivesItsSettingsAndTheGamesOwnAreWrittenBackUncha
         {"negative", " -1 \r\n -5 \r\n -75 \r\n", 2, 0, 0.75f},
         {"huge", " 99999999999999999999 \r\n 70000 \r\n 1e400 \r\n", 2, 0, 0.75f},
         {"fractions where whole numbers belong", " 2.5 \r\n 3.5 \r\n 75 \r\n", 2, 0, 0.75f},
-        {"just out of range", " 0 \r\n 102 \r\n 24 \r\n", 2, 0, 0.75f},
-        {"just out of range above", " 4 \r\n 1e3 \r\n 100.5 \r\n", 2, 0, 0.75f},
+        {"just out of range", " 0 \r\n 102 \r\n 58.5 \r\n", 2, 0, 0.75f},
+        {"just out of range above", " 4 \r\n 1e3 \r\n 78.9 \r\n", 2, 0, 0.75f},
+        // At 25 no hand card can be clicked, at 40 slot 1 cannot and a click
+        // on its right edge plays slot 2; at 80 a click on the left edge of
+        // the middle card plays the first.
+        {"at 25", " 1 \r\n 0 \r\n 25 \r\n", 1, 0, 0.75f},
+        {"at 40", " 1 \r\n 0 \r\n 40 \r\n", 1, 0, 0.75f},
+        {"at 80", " 1 \r\n 0 \r\n 80 \r\n", 1, 0, 0.75f},
         {"not-a-number", " nan \r\n nan \r\n nan \r\n", 2, 0, 0.75f},
         {"a bad field keeps the others", " 3 \r\n ? \r\n 60 \r\n", 3, 0, 0.60f},
-        {"sign and blanks", "\t+3\t \r\n   +101 \r\n +80 ", 3, 101, 0.80f},
+        {"sign and blanks", "\t+3\t \r\n   +101 \r\n +78 ", 3, 101, 0.78f},
     };
     for (const auto& caso : casi) {
         SCOPED_TRACE(caso.nome.empty() ? caso.testo : caso.nome);

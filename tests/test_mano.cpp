@@ -9,9 +9,11 @@
 #include <random>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "banco.h"
+#include "match/geometria.h"
 
 namespace lesta {
 namespace {
@@ -31,14 +33,14 @@ struct Mano : Banco<FinestraRaster> {
 TEST(Mano, OgniDistribuzionePrendeDaiDueMezziDelMazzo) {
     Banco<FinestraRaster> b(1, 0.75f);
     b.frm.Mescola();
-    const float w = b.frm.larghezza_carta, y = 595 - b.frm.altezza_carta;
+    const float w = b.frm.larghezza_carta, y = alto_mano_giocatore(b.frm.altezza_carta);
     for (int mano = 1; mano <= 6; ++mano) {
         b.frm.daicarte();
         const int p = b.frm.posizione_mazzo;
         ASSERT_EQ(p, 4 + 3 * mano);
         EXPECT_EQ(static_cast<Colore>(b.frm.sfondo), verde_tavolo);
         for (int i = 0; i < 3; ++i) {
-            const float x = b.frm.meta_larghezza - 1.5f * w - 6 + static_cast<float>(i) * (w + 6);
+            const float x = sinistra_mano(i, w);
             const Carta nostra = b.mod.mazzo[p - 2 + i];
             EXPECT_EQ(b.frm.dorso[i].tag, b.mod.mazzo[p + 16 + i]) << "deal " << mano << " slot " << i;
             EXPECT_TRUE(b.frm.carta[nostra].Left == x && b.frm.carta[nostra].Top == y && b.frm.dorso[i].Left == x &&
@@ -93,6 +95,42 @@ TEST(Mano, IlColoreDelTavoloFermaIlClic) {
     EXPECT_EQ(b.frm.carta_giocata, 0);
     b.frm.Form_MouseDown(x - 1, y);
     EXPECT_EQ(b.frm.carta_giocata, b.in_mano(1));
+}
+
+// The scales the settings accept are those at which a person plays each hand
+// card by clicking on it: clicks every fiftieth of a unit across each card as
+// dealt, through the game's own click handler, play that card or nothing, and
+// the card's middle plays it. At any other scale some click fails one of the
+// two. (On a window that passes every click to the hand's hit areas.)
+TEST(Mano, LeScaleAccettateSonoQuelleIncuiOgniCartaSiGiocaCliccandola) {
+    int accettate = 0;
+    for (int millesimi = 500; millesimi <= 850; millesimi += 7) {
+        const float scala = static_cast<float>(millesimi) / 1000.0f;
+        SCOPED_TRACE(testing::Message() << "scale " << scala);
+        Banco<FinestraNulla> b(1, scala);
+        b.frm.Mescola();
+        b.frm.daicarte();
+        bool giocabile = true;
+        for (int k = 1; k <= 3 && giocabile; ++k) {
+            const Carta nostra = b.mod.mazzo[b.frm.posizione_mazzo - 3 + k];
+            const CartaControllo dealt = b.frm.carta[nostra];
+            const auto gioca = [&](float x) {
+                b.frm.modo = Modo::gioco1;
+                b.frm.giocate = {};
+                b.frm.carta[nostra] = dealt;
+                b.frm.Form_MouseDown(x, dealt.Top + b.frm.altezza_carta / 2);
+                return std::exchange(b.frm.carta_giocata, 0);
+            };
+            giocabile = gioca(dealt.Left + b.frm.larghezza_carta / 2) == nostra;
+            for (float x = dealt.Left; x <= dealt.Left + b.frm.larghezza_carta && giocabile; x += 0.02f) {
+                const Carta giocata = gioca(x);
+                giocabile = giocata == 0 || giocata == nostra;
+            }
+        }
+        EXPECT_EQ(scala_giocabile(scala), giocabile);
+        accettate += giocabile;
+    }
+    EXPECT_GT(accettate, 20);  // 0.591 to 0.787 of those tried
 }
 
 TEST(Mano, IClicSulTavoloSegnanoEToglionoLaSelezione) {
@@ -255,8 +293,8 @@ private:
         return c[caso() % c.size()];
     }
     void clic_mano(int k) {
-        const float y = (504.7f + std::min(595.0f, 504.7f + f.altezza_carta)) / 2;
-        f.Form_MouseDown(307.0f + 64.0f * static_cast<float>(k - 1) + f.larghezza_carta / 2, y);
+        const float y = (alto_area_mano + std::min(595.0f, alto_area_mano + f.altezza_carta)) / 2;
+        f.Form_MouseDown(sinistra_area_mano[static_cast<std::size_t>(k)] + f.larghezza_carta / 2, y);
     }
     std::vector<Carta> sul_tavolo() const {
         std::vector<Carta> v;

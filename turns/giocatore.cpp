@@ -5,16 +5,11 @@
 #include <cmath>
 
 #include "match/frmlesta.h"
+#include "match/geometria.h"
 
 namespace lesta {
 
 namespace {
-
-// The hit areas of the three hand slots stand at fixed places, a pitch of 64
-// apart; only their size follows the card size. Where wider cards make them
-// overlap, the slot further right wins, as its card is painted on top.
-constexpr float basso_mano = 504.7f;
-constexpr std::array<float, 4> sinistra_mano{0, 307, 371, 435};
 
 void carta_della_mano(Frmlesta& f, float X, float Y) {
     // One turn plays one card: a click queued behind the one that played
@@ -22,11 +17,8 @@ void carta_della_mano(Frmlesta& f, float X, float Y) {
     // the card in play.
     if (f.carta_giocata != 0) return;
 
-    f.slot = 0;
-    if (Y > basso_mano && Y < f.altezza_carta + basso_mano) {
-        for (std::int16_t k = 1; k <= 3; ++k)
-            if (X > sinistra_mano[k] && X < f.larghezza_carta + sinistra_mano[k]) f.slot = k;
-    }
+    // The hit areas stand at fixed places; only their size follows the cards.
+    f.slot = slot_della_mano(X, Y, f.larghezza_carta, f.altezza_carta);
     if (f.slot == 0 || f.giocate[f.slot] != 0) return;
 
     f.giocate[f.slot] = 1;

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "match/geometria.h"
 #include "table/impostazioni.h"
 #include "tests/fuzz/file_in_memoria.h"
 #include "tests/fuzz/verifica.h"
@@ -16,8 +17,8 @@ using lesta::Impostazioni;
 using lesta::fuzz::verifica;
 
 bool in_campo(const Impostazioni& s) {
-    return s.velocita >= 1 && s.velocita <= 3 && s.canzone >= 0 && s.canzone <= 101 && s.scala >= 0.25f &&
-           s.scala <= 1.0f;
+    return s.velocita >= 1 && s.velocita <= 3 && s.canzone >= 0 && s.canzone <= 101 &&
+           lesta::scala_giocabile(s.scala);
 }
 
 bool uguali(const Impostazioni& a, const Impostazioni& b) {

@@ -1,0 +1,77 @@
+#pragma once
+// Where the hands stand on the table, and where a click picks a hand card.
+// The dealing paints from here, the player's click is judged from here, and
+// the settings check a card scale against both.
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+#include "table/controlli.h"
+
+namespace lesta {
+
+// The card size at a scale: the card holder's design size times the scale.
+constexpr float larghezza_a_scala(float scala) { return scala * carta_iniziale.width; }
+constexpr float altezza_a_scala(float scala) { return scala * carta_iniziale.height; }
+
+// Left of hand slot i (0..2), the same for both rows: three cards centred on
+// the middle of the window with a gap of 6 between them.
+constexpr float sinistra_mano(int i, float larghezza_carta, float meta_larghezza = 400) {
+    return meta_larghezza - 1.5f * larghezza_carta - 6 + static_cast<float>(i) * (larghezza_carta + 6);
+}
+// Top of the player's row, 5 above the bottom edge; the computer's row stands
+// at 5 from the top.
+constexpr float alto_mano_giocatore(float altezza_carta) { return 595 - altezza_carta; }
+inline constexpr float alto_mano_computer = 5;
+
+// The hit areas of the three hand slots stand at fixed places, a pitch of 64
+// apart, where the cards of a 58-unit-wide deck would stand; only their size
+// follows the card size. Both bounds are strict.
+inline constexpr float alto_area_mano = 504.7f;
+inline constexpr std::array<float, 4> sinistra_area_mano{0, 307, 371, 435};  // slots 1..3
+
+// The hand slot (1..3) that a click at (X, Y) picks, or 0. Where wider cards
+// make the areas overlap, the slot further right wins.
+constexpr std::int16_t slot_della_mano(float X, float Y, float larghezza_carta, float altezza_carta) {
+    std::int16_t slot = 0;
+    if (Y > alto_area_mano && Y < altezza_carta + alto_area_mano) {
+        for (std::int16_t k = 1; k <= 3; ++k)
+            if (X > sinistra_area_mano[k] && X < larghezza_carta + sinistra_area_mano[k]) slot = k;
+    }
+    return slot;
+}
+
+// Whether at this card scale the player can play each hand card by clicking
+// on it: a click on the middle of a painted hand card plays that card, and a
+// click anywhere on it plays that card or nothing, never a neighbour. The
+// painted cards move with the scale while the hit areas stay put, so only a
+// band of scales keeps them together (about 58.6 to 78.8 per cent).
+constexpr bool scala_giocabile(float scala) {
+    const float w = larghezza_a_scala(scala), h = altezza_a_scala(scala);
+    const float y_medio = alto_mano_giocatore(h) + h / 2;
+    for (std::int16_t k = 1; k <= 3; ++k) {
+        const float sinistra = sinistra_mano(k - 1, w), destra = sinistra + w;
+        if (slot_della_mano(sinistra + w / 2, y_medio, w, h) != k) return false;
+        // Across the card, the slot picked changes only at the edges of the
+        // hit areas: a click on each edge and between each two stands for all.
+        // (Edges off the card count as its right edge.)
+        std::array<float, 8> x{sinistra, destra};
+        for (std::size_t j = 1; j <= 3; ++j) {
+            for (std::size_t lato = 0; lato < 2; ++lato) {
+                const float bordo = sinistra_area_mano[j] + (lato == 0 ? 0 : w);
+                x[2 * j + lato] = bordo > sinistra && bordo < destra ? bordo : destra;
+            }
+        }
+        std::sort(x.begin(), x.end());
+        for (std::size_t i = 0; i < x.size(); ++i) {
+            for (float X : {x[i], i + 1 < x.size() ? (x[i] + x[i + 1]) / 2 : x[i]}) {
+                const std::int16_t colpito = slot_della_mano(X, y_medio, w, h);
+                if (colpito != 0 && colpito != k) return false;
+            }
+        }
+    }
+    return true;
+}
+
+}  // namespace lesta

@@ -4,7 +4,8 @@
 # music/ and carta.wav together in lib/games/lesta, and games/lesta, on the
 # PATH, a link to the program. (Qt finds the program's folder through the
 # link, for it reads /proc/self/exe.) Beside them: the menu entry, its icon,
-# the AppStream description and the manual page.
+# the AppStream description, the manual page, and the copyright file in
+# Debian's machine-readable format.
 
 set(lesta_cartella_programma lib/games/lesta)
 set(lesta_pacchetto ${PROJECT_BINARY_DIR}/pacchetto)
@@ -23,6 +24,7 @@ install(FILES ${CMAKE_CURRENT_LIST_DIR}/lesta.gioco.Lesta.desktop DESTINATION sh
 install(FILES ${PROJECT_SOURCE_DIR}/table/immagini/icona.svg
   DESTINATION share/icons/hicolor/scalable/apps RENAME lesta.svg)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/lesta.gioco.Lesta.metainfo.xml DESTINATION share/metainfo)
+install(FILES ${CMAKE_CURRENT_LIST_DIR}/copyright DESTINATION share/doc/lesta)
 
 # The manual page and the changelog go in compressed, as Debian wants them.
 function(lesta_installa_compresso nome destinazione)

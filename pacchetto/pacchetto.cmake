@@ -12,6 +12,14 @@ set(lesta_pacchetto ${PROJECT_BINARY_DIR}/pacchetto)
 get_directory_property(lesta_file_canzoni DIRECTORY ${PROJECT_SOURCE_DIR}/tools DEFINITION lesta_file_canzoni)
 
 install(TARGETS lesta RUNTIME DESTINATION ${lesta_cartella_programma})
+# CPack's strip (CPACK_STRIP_FILES) keeps the compiler's notes; like Debian's
+# own packaging tools, take them out too.
+install(CODE "
+  if(CMAKE_INSTALL_DO_STRIP)
+    execute_process(COMMAND \"${CMAKE_STRIP}\" --remove-section=.comment --remove-section=.note
+      \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${lesta_cartella_programma}/lesta\"
+      COMMAND_ERROR_IS_FATAL ANY)
+  endif()")
 install(FILES ${PROJECT_BINARY_DIR}/Config.brx ${PROJECT_BINARY_DIR}/carta.wav
   DESTINATION ${lesta_cartella_programma})
 install(FILES ${lesta_file_canzoni} DESTINATION ${lesta_cartella_programma}/music)

@@ -32,6 +32,13 @@ install(FILES ${CMAKE_CURRENT_LIST_DIR}/lesta.gioco.Lesta.desktop DESTINATION sh
 install(FILES ${PROJECT_SOURCE_DIR}/table/immagini/icona.svg
   DESTINATION share/icons/hicolor/scalable/apps RENAME lesta.svg)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/lesta.gioco.Lesta.metainfo.xml DESTINATION share/metainfo)
+# The AppStream data names the version being packaged among its releases.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/lesta.gioco.Lesta.metainfo.xml)
+file(READ ${CMAKE_CURRENT_LIST_DIR}/lesta.gioco.Lesta.metainfo.xml lesta_metainfo)
+string(FIND "${lesta_metainfo}" "<release version=\"${PROJECT_VERSION}\"" lesta_rilascio)
+if(lesta_rilascio EQUAL -1)
+  install(CODE "message(FATAL_ERROR \"lesta.gioco.Lesta.metainfo.xml has no <release> for ${PROJECT_VERSION}\")")
+endif()
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/copyright DESTINATION share/doc/lesta)
 
 # The manual page and the changelog go in compressed, as Debian wants them.

@@ -4,7 +4,8 @@
 #               played by mouse), the suite again under the sanitizers, and
 #               the fuzz targets for a bounded time
 # make bench    measures start-up, CPU and memory while waiting, and the engine
-# make package  builds the Debian package, lesta_<version>_<arch>.deb in build-pkg/
+# make package  builds the Debian package, lesta_<version>_<arch>.deb in build-pkg/,
+#               and checks it with lintian and its AppStream data with appstreamcli
 
 BUILD ?= build
 BUILD_ASAN ?= build-asan
@@ -54,14 +55,19 @@ bench: deps
 	scripts/misura $(BUILD_REL)
 
 # A Release build of the game alone with Debian's flags, then CPack. The
-# tests are built and run by `make test`.
+# tests are built and run by `make test`. The package is then checked:
+# lintian fails on any error or warning (infos and pedantic notes are shown),
+# appstreamcli on any error or warning in the AppStream data.
 package:
-	@scripts/installa-pacchetti dpkg-dev
+	@scripts/installa-pacchetti dpkg-dev lintian appstream
 	cmake -S . -B $(BUILD_PKG) -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_SKIP_INSTALL_ALL_DEPENDENCY=ON \
 	  -DCMAKE_CXX_FLAGS="$$($(FLAGS_DEBIAN) CPPFLAGS) $$($(FLAGS_DEBIAN) CXXFLAGS)" \
 	  -DCMAKE_EXE_LINKER_FLAGS="$$($(FLAGS_DEBIAN) LDFLAGS)"
 	cmake --build $(BUILD_PKG) -j $(JOBS) --target lesta
+	rm -f $(BUILD_PKG)/lesta_*.deb
 	cd $(BUILD_PKG) && cpack
+	lintian --fail-on error,warning --display-info --pedantic $(BUILD_PKG)/lesta_*.deb
+	appstreamcli validate --no-net pacchetto/lesta.gioco.Lesta.metainfo.xml
 
 build: deps
 	cmake -S . -B $(BUILD) -G Ninja $(CMAKE_FLAGS)

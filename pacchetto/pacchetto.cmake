@@ -4,13 +4,22 @@
 # music/ and carta.wav together in lib/games/lesta, and games/lesta, on the
 # PATH, a link to the program. (Qt finds the program's folder through the
 # link, for it reads /proc/self/exe.) Beside them: the menu entry, its icon,
-# the AppStream description and the manual page.
+# the AppStream description, the manual page, and the copyright file in
+# Debian's machine-readable format.
 
 set(lesta_cartella_programma lib/games/lesta)
 set(lesta_pacchetto ${PROJECT_BINARY_DIR}/pacchetto)
 get_directory_property(lesta_file_canzoni DIRECTORY ${PROJECT_SOURCE_DIR}/tools DEFINITION lesta_file_canzoni)
 
 install(TARGETS lesta RUNTIME DESTINATION ${lesta_cartella_programma})
+# CPack's strip (CPACK_STRIP_FILES) keeps the compiler's notes; like Debian's
+# own packaging tools, take them out too.
+install(CODE "
+  if(CMAKE_INSTALL_DO_STRIP)
+    execute_process(COMMAND \"${CMAKE_STRIP}\" --remove-section=.comment --remove-section=.note
+      \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${lesta_cartella_programma}/lesta\"
+      COMMAND_ERROR_IS_FATAL ANY)
+  endif()")
 install(FILES ${PROJECT_BINARY_DIR}/Config.brx ${PROJECT_BINARY_DIR}/carta.wav
   DESTINATION ${lesta_cartella_programma})
 install(FILES ${lesta_file_canzoni} DESTINATION ${lesta_cartella_programma}/music)
@@ -23,6 +32,14 @@ install(FILES ${CMAKE_CURRENT_LIST_DIR}/lesta.gioco.Lesta.desktop DESTINATION sh
 install(FILES ${PROJECT_SOURCE_DIR}/table/immagini/icona.svg
   DESTINATION share/icons/hicolor/scalable/apps RENAME lesta.svg)
 install(FILES ${CMAKE_CURRENT_LIST_DIR}/lesta.gioco.Lesta.metainfo.xml DESTINATION share/metainfo)
+# The AppStream data names the version being packaged among its releases.
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${CMAKE_CURRENT_LIST_DIR}/lesta.gioco.Lesta.metainfo.xml)
+file(READ ${CMAKE_CURRENT_LIST_DIR}/lesta.gioco.Lesta.metainfo.xml lesta_metainfo)
+string(FIND "${lesta_metainfo}" "<release version=\"${PROJECT_VERSION}\"" lesta_rilascio)
+if(lesta_rilascio EQUAL -1)
+  install(CODE "message(FATAL_ERROR \"lesta.gioco.Lesta.metainfo.xml has no <release> for ${PROJECT_VERSION}\")")
+endif()
+install(FILES ${CMAKE_CURRENT_LIST_DIR}/copyright DESTINATION share/doc/lesta)
 
 # The manual page and the changelog go in compressed, as Debian wants them.
 function(lesta_installa_compresso nome destinazione)

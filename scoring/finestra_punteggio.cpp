@@ -12,6 +12,7 @@
 #include <cmath>
 
 #include "table/controllo_figura.h"
+#include "table/cornice_fissa.h"
 #include "table/immagini.h"
 #include "table/superficie_qt.h"
 
@@ -66,12 +67,6 @@ FinestraPunteggioQt::~FinestraPunteggioQt() = default;
 
 // ---- the controls ----
 
-int FinestraPunteggioQt::pixel_carattere(float punti) const {
-    const double scala = std::min(superficie_->width() / static_cast<double>(larghezza_disegno),
-                                  superficie_->height() / static_cast<double>(altezza_disegno));
-    return std::max(1, static_cast<int>(std::lround(punti * 96.0 / 72.0 * scala)));
-}
-
 void FinestraPunteggioQt::etichetta_cambiata(QualeEtichetta quale, const Etichetta& etichetta) {
     EtichettaQt& e = etichette_[chiave(quale)];
     if (e.widget == nullptr) {
@@ -123,7 +118,7 @@ void FinestraPunteggioQt::posiziona(EtichettaQt& e) {
     f.setFamilies({QStringLiteral("MS Sans Serif"), QStringLiteral("Microsoft Sans Serif"),
                    QFontDatabase::systemFont(QFontDatabase::GeneralFont).family()});
     f.setStyleHint(QFont::SansSerif);
-    f.setPixelSize(pixel_carattere(e.stato.FontSize));
+    f.setPointSizeF(e.stato.FontSize);
     f.setBold(e.stato.FontBold);
     e.widget->setFont(f);
     e.widget->setGeometry(superficie_->in_pixel(e.stato.r));
@@ -136,14 +131,11 @@ void FinestraPunteggioQt::posiziona_immagine(int indice) {
 
 void FinestraPunteggioQt::posiziona_bottone(int indice) {
     QPushButton* b = bottoni_[static_cast<std::size_t>(indice)];
-    QFont f = b->font();
-    f.setPixelSize(pixel_carattere(9.75f));
-    b->setFont(f);
     b->setGeometry(superficie_->in_pixel(stato_bottoni_[static_cast<std::size_t>(indice)].r));
 }
 
-// Every control keeps its logical rectangle, and its text its proportion,
-// at any size of the window.
+// Every control keeps its logical rectangle at any size of the window; the
+// texts keep their sizes in points.
 void FinestraPunteggioQt::posiziona_tutti() {
     for (auto& [k, e] : etichette_) posiziona(e);
     for (int i = 1; i <= 8; ++i) posiziona_immagine(i);
@@ -170,13 +162,7 @@ float FinestraPunteggioQt::Height() const { return static_cast<float>(frameGeome
 bool FinestraPunteggioQt::minimizzata() const { return isMinimized(); }
 
 void FinestraPunteggioQt::Show() {
-    if (!isVisible() || isMinimized()) {
-        // Some window managers will not maximise a window that has no
-        // maximise button; it is given the screen's free area first.
-        if (!isVisible())
-            if (const QScreen* schermo = screen()) setGeometry(schermo->availableGeometry());
-        showMaximized();
-    }
+    if (!isVisible() || isMinimized()) mostra_a_cornice_fissa(*this);
     raise();
     activateWindow();
 }

@@ -54,10 +54,6 @@ public:
     QLabel* etichetta(QualeEtichetta quale) const;
     QWidget* immagine(int indice) const;
     QPushButton* bottone(int indice) const;
-    // The pixel size of a font of this many points at the window's present
-    // size: its size in points at the design size of the client area,
-    // 1024 x 799 pixels, and in proportion at others.
-    int pixel_carattere(float punti) const;
 
 signals:
     // Show of the table: the desktop brings it up and starts the next hand.

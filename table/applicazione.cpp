@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include "table/cornice_fissa.h"
 #include "table/superficie_qt.h"
 
 namespace lesta {
@@ -94,11 +95,7 @@ bool Applicazione::eventFilter(QObject* oggetto, QEvent* e) {
 
 void Applicazione::avvia() {
     frm_.Form_Load();
-    // Some window managers will not maximise a window that has no maximise
-    // button; it is given the screen's free area first, so it fills the
-    // screen either way.
-    if (const QScreen* schermo = tavolo_.screen()) tavolo_.setGeometry(schermo->availableGeometry());
-    tavolo_.showMaximized();
+    mostra_a_cornice_fissa(tavolo_);
 }
 
 void Applicazione::attiva() {

@@ -7,8 +7,9 @@
 
 namespace lesta {
 
-ControlloFigura::ControlloFigura(Immagini& immagini, std::optional<Figura> figura, QWidget* genitore)
-    : QWidget(genitore), immagini_(immagini), figura_(figura) {}
+ControlloFigura::ControlloFigura(Immagini& immagini, std::optional<Figura> figura, QWidget* genitore,
+                                 std::optional<QSize> misura_propria)
+    : QWidget(genitore), immagini_(immagini), figura_(figura), misura_propria_(misura_propria) {}
 
 void ControlloFigura::figura(std::optional<Figura> figura) {
     if (figura == figura_) return;
@@ -19,7 +20,9 @@ void ControlloFigura::figura(std::optional<Figura> figura) {
 void ControlloFigura::paintEvent(QPaintEvent*) {
     if (!figura_) return;
     const qreal dpr = devicePixelRatioF();
-    const QSize pixel(static_cast<int>(std::lround(width() * dpr)), static_cast<int>(std::lround(height() * dpr)));
+    const QSize misura = misura_propria_.value_or(size());
+    const QSize pixel(static_cast<int>(std::lround(misura.width() * dpr)),
+                      static_cast<int>(std::lround(misura.height() * dpr)));
     if (pixel.isEmpty()) return;
     QImage immagine = immagini_.immagine(*figura_, pixel);
     immagine.setDevicePixelRatio(dpr);

@@ -1,7 +1,6 @@
 #include "table/finestra_tavolo.h"
 
 #include <QAbstractButton>
-#include <QActionGroup>
 #include <QButtonGroup>
 #include <QCloseEvent>
 #include <QLabel>
@@ -44,11 +43,25 @@ protected:
     }
 };
 
-// The text of a control in proportion to its height on screen.
-void carattere_per(QWidget* w, double parte) {
+// The tables of the rules (a name, a tab, the points) line up their points
+// in one column, a blank to the right of the longest name.
+void allinea_tabelle(QPlainTextEdit* testo) {
+    const QFontMetricsF misure(testo->font());
+    qreal piu_lungo = 0;
+    for (const QString& riga : testo->toPlainText().split(QLatin1Char('\n'))) {
+        const qsizetype tab = riga.indexOf(QLatin1Char('\t'));
+        if (tab >= 0) piu_lungo = std::max(piu_lungo, misure.horizontalAdvance(riga.left(tab)));
+    }
+    if (piu_lungo > 0) testo->setTabStopDistance(piu_lungo + misure.horizontalAdvance(QLatin1Char(' ')));
+}
+
+// A font of this many points, italic or not: its size does not follow the
+// window's.
+QFont in_punti(const QWidget* w, double punti, bool corsivo = false) {
     QFont f = w->font();
-    f.setPixelSize(std::max(8, static_cast<int>(std::lround(w->height() * parte))));
-    w->setFont(f);
+    f.setPointSizeF(punti);
+    f.setItalic(corsivo);
+    return f;
 }
 
 }  // namespace
@@ -79,12 +92,14 @@ void FinestraTavolo::crea_controlli() {
 
     metti(Controllo::testo, new ControlloFigura(immagini_, Figura::Titolo, superficie_));
     // The song frame's holder never shows: the frame is painted on the table.
-    auto* led = new ControlloFigura(immagini_, Figura::Led, superficie_);
+    // The lamp and the turn lights show at their own size, 13 and 32 pixels
+    // square, as pictures in a picture box do; the title fills its box.
+    auto* led = new ControlloFigura(immagini_, Figura::Led, superficie_, QSize(13, 13));
     led->setAttribute(Qt::WA_TransparentForMouseEvents);
     metti(Controllo::Led, led);
     for (int i = 0; i < 2; ++i) {
-        metti(Verde(i), new ControlloFigura(immagini_, Figura::Verde, superficie_));
-        metti(Rosso(i), new ControlloFigura(immagini_, Figura::Rosso, superficie_));
+        metti(Verde(i), new ControlloFigura(immagini_, Figura::Verde, superficie_, QSize(32, 32)));
+        metti(Rosso(i), new ControlloFigura(immagini_, Figura::Rosso, superficie_, QSize(32, 32)));
     }
     auto* cornice = new Cornice(superficie_);
     cornice->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -97,6 +112,7 @@ void FinestraTavolo::crea_controlli() {
         b->setAutoFillBackground(true);
         b->setStyleSheet(QStringLiteral("QRadioButton { background: %1; color: %2; padding-left: 4px; }")
                              .arg(css(0xC0E0FF), css(0x000080)));
+        b->setFont(in_punti(b, 8));
         opzioni_->addButton(b, i);
         metti(Option1(i), b);
     }
@@ -105,6 +121,7 @@ void FinestraTavolo::crea_controlli() {
     connect(opzioni_, &QButtonGroup::idClicked, this, &FinestraTavolo::opzione);
 
     auto* go = new QPushButton(QStringLiteral("GO"), superficie_);
+    go->setFont(in_punti(go, 8));
     go->setStyleSheet(QStringLiteral("QPushButton { background: %1; border: 1px solid #404040; }").arg(css(0x80FF80)));
     connect(go, &QPushButton::clicked, this, &FinestraTavolo::go);
     metti(Controllo::GO, go);
@@ -118,6 +135,7 @@ void FinestraTavolo::crea_controlli() {
     titolo->setAlignment(Qt::AlignCenter);
     titolo->setWordWrap(true);
     titolo->setAttribute(Qt::WA_TransparentForMouseEvents);
+    titolo->setFont(in_punti(titolo, 9.75, true));
     auto* disposizione = new QVBoxLayout(canzone);
     disposizione->setContentsMargins(3, 3, 3, 3);
     disposizione->addWidget(titolo);
@@ -149,14 +167,13 @@ void FinestraTavolo::crea_controlli() {
 void FinestraTavolo::crea_menu() {
     QMenuBar* barra = menuBar();
 
+    // Every mark of the menus is a check mark, the speeds' too: the game
+    // keeps them one of three itself.
     QMenu* velocita = barra->addMenu(QStringLiteral("&Play rate"));
-    auto* gruppo = new QActionGroup(this);
-    gruppo->setExclusive(true);
     const char* nomi[] = {"", "Low", "Middle", "High"};
     for (int i = 1; i <= 3; ++i) {
         QAction* a = velocita->addAction(QString::fromLatin1(nomi[i]));
         a->setCheckable(true);
-        gruppo->addAction(a);
         connect(a, &QAction::triggered, this, [this, i] { emit velocita_gioco(i); });
         velocita_[static_cast<std::size_t>(i)] = a;
     }
@@ -192,22 +209,14 @@ void FinestraTavolo::posiziona(Controllo c) {
     QWidget* w = widget(c);
     if (w == nullptr) return;
     w->setGeometry(superficie_->in_pixel(rett_[static_cast<std::size_t>(c)]));
-    if (c == Controllo::CmdSong) {
-        // 9.75 points at the table's design height of 773 pixels.
-        QFont f = w->font();
-        f.setItalic(true);
-        f.setPixelSize(std::max(8, static_cast<int>(std::lround(13.0 * superficie_->height() / 773.0))));
-        w->findChild<QLabel*>(QStringLiteral("titolo"))->setFont(f);
-    } else if (qobject_cast<QAbstractButton*>(w) != nullptr) {
-        carattere_per(w, 0.62);
-    }
-    if (qobject_cast<QPlainTextEdit*>(w) != nullptr) {
+    if (auto* testo = qobject_cast<QPlainTextEdit*>(w)) {
         // The texts are broken by hand at about 38 characters, for the width
         // of the rules panels.
         const int larghezza_regole = superficie_->in_pixel(rettangolo_iniziale(Controllo::Text2)).width();
         QFont f = w->font();
         f.setPixelSize(std::max(8, larghezza_regole / 22));
         w->setFont(f);
+        allinea_tabelle(testo);
     }
 }
 

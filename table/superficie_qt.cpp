@@ -23,6 +23,8 @@ QPoint SuperficieQt::dispositivo(float x, float y) const {
     return {static_cast<int>(std::floor(x * sx())), static_cast<int>(std::floor(y * sy()))};
 }
 
+int SuperficieQt::tratto() const { return std::max(1, static_cast<int>(std::lround(devicePixelRatioF()))); }
+
 void SuperficieQt::dipinto() { update(); }
 
 void SuperficieQt::Cls() {
@@ -36,23 +38,40 @@ void SuperficieQt::BackColor(Colore colore) {
 }
 
 void SuperficieQt::Line(float x1, float y1, float x2, float y2, Colore colore) {
+    const int t = tratto();
     QPainter p(&immagine_);
-    p.setPen(QPen(colore_qt(colore), 0));
+    // A pen t pixels wide is centred on the line; moved by half of it, it
+    // covers the pixels from the line's own to the right and below, as an
+    // outline does.
+    p.translate((t - 1) / 2.0, (t - 1) / 2.0);
+    p.setPen(QPen(colore_qt(colore), t == 1 ? 0 : t, Qt::SolidLine, Qt::SquareCap));
     p.drawLine(dispositivo(x1, y1), dispositivo(x2, y2));
     dipinto();
 }
 
+// An outline takes the pixels of both corners and those between, in lines
+// one of the window's pixels wide: the right and bottom lines stand on the
+// pixel of the second corner, as the left and top ones on that of the first.
 void SuperficieQt::Box(float x1, float y1, float x2, float y2, Colore colore) {
+    const QPoint a = dispositivo(std::min(x1, x2), std::min(y1, y2));
+    const QPoint b = dispositivo(std::max(x1, x2), std::max(y1, y2));
+    const int t = tratto(), larga = b.x() - a.x() + t, alta = b.y() - a.y() + t;
+    const QColor c = colore_qt(colore);
     QPainter p(&immagine_);
-    p.setPen(QPen(colore_qt(colore), 0));
-    p.setBrush(Qt::NoBrush);
-    p.drawRect(QRect(dispositivo(x1, y1), dispositivo(x2, y2)).normalized());
+    p.fillRect(a.x(), a.y(), larga, t, c);
+    p.fillRect(a.x(), b.y(), larga, t, c);
+    p.fillRect(a.x(), a.y(), t, alta, c);
+    p.fillRect(b.x(), a.y(), t, alta, c);
     dipinto();
 }
 
+// A filled box covers what the outline with the same corners covers.
 void SuperficieQt::BoxFilled(float x1, float y1, float x2, float y2, Colore colore) {
+    const QPoint a = dispositivo(std::min(x1, x2), std::min(y1, y2));
+    const QPoint b = dispositivo(std::max(x1, x2), std::max(y1, y2));
+    const int t = tratto();
     QPainter p(&immagine_);
-    p.fillRect(QRect(dispositivo(x1, y1), dispositivo(x2, y2)).normalized(), colore_qt(colore));
+    p.fillRect(a.x(), a.y(), b.x() - a.x() + t, b.y() - a.y() + t, colore_qt(colore));
     dipinto();
 }
 
@@ -67,15 +86,16 @@ void SuperficieQt::PaintPicture(Figura figura, float x, float y, float w, float 
 
 Colore SuperficieQt::Point(float x, float y) const {
     const QPoint punto = dispositivo(x, y);
-    if (!immagine_.rect().contains(punto)) return 0xFFFFFFFFu;
+    if (!QRect(QPoint(0, 0), area_).contains(punto)) return 0xFFFFFFFFu;
     return colore_word(immagine_.pixel(punto));
 }
 
+// The window's font, 8 points, as the desktop shows 8 points at the window's
+// display scale; it does not grow with the window.
 QFont SuperficieQt::carattere() const {
     QFont f = font();
-    // About the size of a small system font on a 1024 x 768 screen, and in
-    // proportion on others.
-    f.setPixelSize(std::max(6, static_cast<int>(std::lround(10.5 * sy()))));
+    const double punti = 8;
+    f.setPixelSize(std::max(1, static_cast<int>(std::lround(punti * logicalDpiY() / 72.0 * devicePixelRatioF()))));
     return f;
 }
 
@@ -102,10 +122,28 @@ QRect SuperficieQt::in_pixel(const Rett& r) const {
 }
 
 QPointF SuperficieQt::in_unita(QPointF pixel) const {
-    return {pixel.x() * 800.0 / std::max(1, width()), pixel.y() * 600.0 / std::max(1, height())};
+    const qreal dpr = devicePixelRatioF();
+    const double px = std::floor(pixel.x() * dpr) + 0.5, py = std::floor(pixel.y() * dpr) + 0.5;
+    return {px * 800.0 / std::max(1, area_.width()), py * 600.0 / std::max(1, area_.height())};
+}
+
+bool SuperficieQt::segui_area() {
+    const QSize nuova = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    if (nuova.isEmpty() || nuova == area_) return false;
+    area_ = nuova;
+    if (area_.width() > immagine_.width() || area_.height() > immagine_.height()) {
+        QImage piu_grande(immagine_.size().expandedTo(area_), QImage::Format_RGB32);
+        piu_grande.fill(colore_qt(fondo_));
+        QPainter(&piu_grande).drawImage(0, 0, immagine_);
+        immagine_ = std::move(piu_grande);
+    }
+    return true;
 }
 
 void SuperficieQt::paintEvent(QPaintEvent* evento) {
+    // A move to a screen of another display scale changes the device pixels
+    // with no resize; the picture keeps its pixels then too.
+    segui_area();
     // The image is in device pixels; the painter works in the widget's.
     const qreal dpr = devicePixelRatioF();
     QPainter p(this);
@@ -118,14 +156,8 @@ void SuperficieQt::mousePressEvent(QMouseEvent* evento) {
     emit premuto(static_cast<float>(punto.x()), static_cast<float>(punto.y()));
 }
 
-void SuperficieQt::resizeEvent(QResizeEvent* evento) {
-    const qreal dpr = devicePixelRatioF();
-    const QSize nuova = evento->size() * dpr;
-    if (nuova.isEmpty() || nuova == immagine_.size()) return;
-    // Stretch what is there; the exact colours stay, so a click's colour test
-    // keeps working until the game paints again.
-    immagine_ = immagine_.scaled(nuova, Qt::IgnoreAspectRatio, Qt::FastTransformation);
-    emit ridimensionata();
+void SuperficieQt::resizeEvent(QResizeEvent*) {
+    if (segui_area()) emit ridimensionata();
 }
 
 }  // namespace lesta

@@ -5,8 +5,13 @@
 // what the game painted, and Point reads exactly what was painted.
 //
 // Positions are logical units, 800 across and 600 down, stretched to the
-// widget's real size. When the widget is resized, the picture is stretched to
-// the new size until the game paints over it.
+// widget's real size. When the widget is resized, the controls move at once,
+// but what is painted keeps its pixels where they were until the game paints
+// over it: the image only ever grows, so shrinking the window and growing it
+// back brings back the same picture.
+//
+// A line or an outline is one of the window's own pixels wide: one device
+// pixel on an ordinary screen, two at a display scale of 200%.
 
 #include <QFont>
 #include <QImage>
@@ -37,10 +42,14 @@ public:
     // From logical units to the widget's pixels (not device pixels), for
     // placing child controls.
     QRect in_pixel(const Rett& r) const;
-    // A point of the widget, in logical units.
+    // The logical point that stands for the device pixel under a point of the
+    // widget: the middle of that pixel, so that Point reads that very pixel.
     QPointF in_unita(QPointF pixel) const;
 
+    // Everything painted; its top left part, of the size of area(), is what
+    // the window shows.
     const QImage& immagine() const { return immagine_; }
+    QSize area() const { return area_; }
 
 signals:
     // The widget has a new size: the controls on it must follow.
@@ -55,14 +64,20 @@ protected:
 
 private:
     // Device pixels per logical unit.
-    double sx() const { return immagine_.width() / 800.0; }
-    double sy() const { return immagine_.height() / 600.0; }
+    double sx() const { return area_.width() / 800.0; }
+    double sy() const { return area_.height() / 600.0; }
     QPoint dispositivo(float x, float y) const;
+    // The width of a line, in device pixels.
+    int tratto() const;
+    // Takes the widget's present size in device pixels, the image growing to
+    // it if need be; true if it changed.
+    bool segui_area();
     QFont carattere() const;
     void dipinto();
 
     Immagini& immagini_;
     QImage immagine_;
+    QSize area_{800, 600};  // the widget's size in device pixels
     Colore fondo_ = blu;
 };
 

@@ -39,9 +39,10 @@ each of them; click a card again to
 deselect it.
 
 Taking all the cards of the table is
-a sweep: the card that made it is
-shown uncovered beside the pack just
-won. Each sweep is worth one point.
+a lesta, a sweep: the card that made
+it is shown uncovered beside the pack
+just won. Each lesta is worth one
+point.
 
 At the end the coin cards are
 counted. The Settebello, the seven of
@@ -51,13 +52,13 @@ Primiera, or primero: each player
 takes the group of his 4 highest
 cards, one for each suit, valued by
 this table:
-  Seven                        21
-  Six                          18
-  Ace                          16
-  Five                         15
-  Four                         14
-  Three                        13
-  Figures (eight nine and ten) 10
+  Seven	21
+  Six	18
+  Ace	16
+  Five	15
+  Four	14
+  Three	13
+  Figures (eight nine and ten)	10
 The best of all is the four sevens.
 
 Some advice:
@@ -65,7 +66,7 @@ Some advice:
 - prefer the coins;
 - arrange the best primiera;
 - hunt the Settebello and the aces;
-- look for a sweep.
+- look for a lesta.
 )";
 
 const std::string_view testo_italiano = R"(Regole del gioco
@@ -89,9 +90,9 @@ un clic su ciascuna; un altro clic
 sulla stessa carta la toglie.
 
 Prendere tutte le carte in tavola è
-una scopa: la carta che l'ha fatta
+una lesta: la carta che l'ha fatta
 resta scoperta accanto al mazzetto
-appena vinto. Ogni scopa vale un
+appena vinto. Ogni lesta vale un
 punto.
 
 Alla fine si contano i denari. Il
@@ -101,13 +102,13 @@ Settebello, il sette di denari, vale
 Settanta: ogni giocatore prende le
 sue 4 carte migliori, una per seme,
 contate con questa tabella:
-  Sette                        21
-  Sei                          18
-  Asso                         16
-  Cinque                       15
-  Quattro                      14
-  Tre                          13
-  Figure (otto nove e dieci)   10
+  Sette	21
+  Sei	18
+  Asso	16
+  Cinque	15
+  Quattro	14
+  Tre	13
+  Figure (otto nove e dieci)	10
 La migliore di tutte è quella dei
 quattro sette.
 
@@ -116,14 +117,14 @@ Consigli:
 - preferisci i denari;
 - prepara la settanta migliore;
 - caccia il Settebello e gli assi;
-- cerca la scopa.
+- cerca la lesta.
 
 Il punteggio finale di una partita ha
 cinque voci: un punto a chi ha più
 carte, uno a chi ha più denari, uno
 per la settanta migliore, uno per il
 Settebello, e un punto per ogni
-scopa.
+lesta.
 )";
 
 const std::string_view testo_informazioni = "Lesta  ver. 3.4\nCarte triestine\n";

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QActionGroup>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QMenuBar>
@@ -32,7 +33,7 @@ Immagini& immagini() {
 void misura(SuperficieQt& s, QSize m) {
     s.show();
     s.resize(m);
-    ASSERT_EQ(s.immagine().size(), m * s.devicePixelRatioF());
+    ASSERT_EQ(s.area(), m * s.devicePixelRatioF());
 }
 
 TEST(SuperficieQt, TheWipeLeavesEveryPixelInItsColourAtAnySize) {
@@ -43,8 +44,8 @@ TEST(SuperficieQt, TheWipeLeavesEveryPixelInItsColourAtAnySize) {
         sipario(s, verde_tavolo);
         EXPECT_EQ(s.BackColor(), verde_tavolo);
         const QImage& im = s.immagine();
-        for (int y = 0; y < im.height(); y += 3)
-            for (int x = 0; x < im.width(); x += 3) ASSERT_EQ(colore_word(im.pixel(x, y)), verde_tavolo);
+        for (int y = 0; y < s.area().height(); y += 3)
+            for (int x = 0; x < s.area().width(); x += 3) ASSERT_EQ(colore_word(im.pixel(x, y)), verde_tavolo);
         EXPECT_EQ(s.Point(799.9f, 599.9f), verde_tavolo);
         EXPECT_EQ(s.Point(800.5f, 10), 0xFFFFFFFFu);  // off the surface
     }
@@ -66,22 +67,55 @@ TEST(SuperficieQt, PointReadsWhatWasPaintedCardCornersAreTable) {
     for (float px = x - 2; px < x + w + 2; px += 0.5f)
         for (float py = y - 2; py < y + h + 2; py += 0.5f) ASSERT_EQ(s.Point(px, py), verde_tavolo);
 
-    // A red outline three units inside a card.
+    // A red outline three units inside a card: one pixel wide, from the
+    // pixel of its first corner to that of its second, both included.
     s.PaintPicture(faccia(3), x, y, w, h);
     s.Box(x + 3, y + 3, x + w - 3, y + h - 3, rosso);
-    EXPECT_EQ(s.Point(x + 3, y + h / 2), rosso);
-    EXPECT_NE(s.Point(x + 10, y + h / 2), rosso);
+    const QImage& im = s.immagine();
+    const int sinistra = static_cast<int>(std::floor((x + 3) * 1018 / 800.0));
+    const int destra = static_cast<int>(std::floor((x + w - 3) * 1018 / 800.0));
+    const int riga = static_cast<int>(std::floor((y + h / 2) * 720 / 600.0));
+    for (int px = sinistra - 1; px <= destra + 1; ++px)
+        EXPECT_EQ(colore_word(im.pixel(px, riga)) == rosso, px == sinistra || px == destra) << px;
 }
 
+// Shrinking the window and growing it back leaves every pixel as it was.
 TEST(SuperficieQt, APictureStaysWhereItWasWhenTheWindowIsResized) {
     SuperficieQt s(immagini());
     misura(s, QSize(1018, 720));
     s.BackColor(verde_tavolo);
-    s.BoxFilled(100, 100, 200, 200, rosso);
+    s.PaintPicture(faccia(21), 300, 400, 60, 110);
+    s.Box(100, 100, 200, 200, rosso);
+    const QImage prima = s.immagine().copy(QRect(QPoint(0, 0), s.area()));
     misura(s, QSize(700, 500));
-    EXPECT_EQ(s.Point(150, 150), rosso);
-    EXPECT_EQ(s.Point(90, 150), verde_tavolo);
-    EXPECT_EQ(s.Point(210, 150), verde_tavolo);
+    // The outline's pixels stay put: the logical point 100, 100 now falls
+    // on another pixel.
+    EXPECT_EQ(colore_word(s.immagine().pixel(127, 127)), rosso);
+    EXPECT_EQ(s.Point(100, 100), verde_tavolo);
+    misura(s, QSize(1018, 720));
+    EXPECT_EQ(s.immagine().copy(QRect(QPoint(0, 0), s.area())), prima);
+}
+
+// A press reads the very pixel under the pointer: every column of a surface
+// whose width is no multiple of 800 gives the colour of that column.
+TEST(SuperficieQt, APressReadsThePixelUnderThePointer) {
+    SuperficieQt s(immagini());
+    misura(s, QSize(1016, 689));
+    s.BackColor(verde_tavolo);
+    for (int px = 0; px < 1016; px += 2) {
+        // A red column one pixel wide: a box whose two corners fall on it.
+        const float x = (static_cast<float>(px) + 0.5f) * 800.0f / 1016.0f;
+        s.BoxFilled(x, 0, x, 599.9f, rosso);
+    }
+    int premuti = 0, sbagliati = 0;
+    QObject::connect(&s, &SuperficieQt::premuto, [&](float X, float Y) {
+        const Colore atteso = premuti % 2 == 0 ? rosso : verde_tavolo;
+        sbagliati += s.Point(X, Y) != atteso;
+        ++premuti;
+    });
+    for (int px = 0; px < 1016; ++px) QTest::mousePress(&s, Qt::LeftButton, {}, QPoint(px, 120));
+    EXPECT_EQ(premuti, 1016);
+    EXPECT_EQ(sbagliati, 0);
 }
 
 TEST(FinestraTavolo, ControlsKeepTheirLogicalRectanglesAtAnySize) {
@@ -102,7 +136,7 @@ TEST(FinestraTavolo, ControlsKeepTheirLogicalRectanglesAtAnySize) {
     }
 }
 
-TEST(FinestraTavolo, TheMenuTreeHasItsCaptionsAccessKeysAndRadioSpeeds) {
+TEST(FinestraTavolo, TheMenuTreeHasItsCaptionsAccessKeysAndCheckMarks) {
     FinestraTavolo tavolo(immagini());
     QStringList barra;
     for (QAction* a : tavolo.menuBar()->actions()) barra << a->text();
@@ -117,10 +151,13 @@ TEST(FinestraTavolo, TheMenuTreeHasItsCaptionsAccessKeysAndRadioSpeeds) {
     EXPECT_EQ(figli(1), (QStringList{"Italiano", "English"}));
     EXPECT_EQ(figli(2).mid(0, 2), (QStringList{"None", "SEQUENTIAL MODE"}));
 
+    // Every mark is a check mark: no entry stands in a group of radio
+    // buttons, and the game's own marks are what shows.
+    for (QAction* menu : tavolo.menuBar()->actions())
+        for (QAction* a : menu->menu() ? menu->menu()->actions() : QList<QAction*>{})
+            EXPECT_TRUE(a->actionGroup() == nullptr || !a->actionGroup()->isExclusive()) << a->text().toStdString();
     tavolo.spunta(Voce::velocita_gioco, 2, true);
-    tavolo.voce_velocita(3)->trigger();
-    EXPECT_TRUE(tavolo.voce_velocita(3)->isChecked());
-    EXPECT_FALSE(tavolo.voce_velocita(2)->isChecked());
+    EXPECT_TRUE(tavolo.voce_velocita(2)->isCheckable() && tavolo.voce_velocita(2)->isChecked());
 }
 
 // A routine that waits on the real clock: a pause takes its time in the event

@@ -83,9 +83,10 @@ TEST(FinestraPunteggioQt, EveryControlSitsAtItsLogicalRectangleAtTwoSizes) {
         for (int i = 1; i <= 8; ++i) al_suo_posto(w.immagine(i), w.frm().imgset[static_cast<std::size_t>(i)].r, 200 + i);
         al_suo_posto(w.bottone(1), w.frm().Command1.r, 301);
         EXPECT_EQ(w.bottone(1)->text(), QStringLiteral("CONTINUE"));
-        // Text in proportion: points at the design size of 1024 x 799, scaled by the smaller stretch.
-        const double scala = std::min(s.width() / 1024.0, s.height() / 799.0);
-        EXPECT_EQ(w.etichetta({Gruppo::LBLdat, 3})->font().pixelSize(), std::lround(8 * 96.0 / 72.0 * scala));
+        // Texts at their sizes in points, at any size of the window.
+        EXPECT_EQ(w.etichetta({Gruppo::LBLdat, 3})->font().pointSizeF(), 8.0);
+        EXPECT_EQ(w.etichetta({Gruppo::LBLtit, 0})->font().pointSizeF(), 19.5);
+        EXPECT_EQ(w.etichetta({Gruppo::lblTot, 0})->font().pointSizeF(), 12.0);
         EXPECT_EQ(colore_word(s.immagine().pixel(s.width() / 2, s.height() - 5)), arancio);
     }
 }

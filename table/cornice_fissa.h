@@ -1,0 +1,20 @@
+#pragma once
+// The frame of the game's two windows: shown maximised, with a title, a
+// minimise and a close button, and no way to resize or move the window.
+//
+// Qt always offers an X11 window manager the resize and move functions, and
+// many managers will not maximise a window that does not offer to be
+// maximised. So the window offers to be maximised until it is, and from then
+// on offers only to be minimised and closed. Elsewhere (Wayland, where the
+// compositor decides, or a screen of the tests) the window is only shown
+// maximised.
+
+class QWidget;
+
+namespace lesta {
+
+// Shows the window maximised on its screen with a fixed frame; again after
+// the window was minimised, it comes back maximised.
+void mostra_a_cornice_fissa(QWidget& finestra);
+
+}  // namespace lesta

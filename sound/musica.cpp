@@ -6,8 +6,8 @@
 //   - No music folder, an empty one, or one whose first name has no ".mid":
 //     the list is empty and the menu has no song entry at all (only "None"
 //     and "SEQUENTIAL MODE"). "SEQUENTIAL MODE" is then checked and stored
-//     as asked, but the walk has nothing to play: `canzone` stays 0 and the
-//     title is empty.
+//     as asked, but the walk has nothing to play: `canzone` stays 0, and no
+//     frame and no title button come up on the table.
 //   - A song number in the settings beyond the list's last, or below 0: the
 //     song is not there any more, so the game starts with no music, "None"
 //     checked. The file keeps the number until the user chooses in the menu.
@@ -144,7 +144,7 @@ void Frmlesta::All_Click(int) {
     segna_All(*this, true);
     canzone = modo_sequenziale;
     Set_Write();
-    Quadro_Song();
+    if (numero_canzoni(*this) > 0) Quadro_Song();
     canzone = 0;
     MMC1_Done(1);
 }

@@ -10,6 +10,10 @@
 // is read at start once it exists, and until then the program folder's file
 // gives the settings. With no settings folder at all (no HOME), the choices
 // hold for the run only.
+//
+// XDG_CONFIG_HOME and HOME, read here and only when the program's folder
+// cannot be written, are the only environment the game itself reads: it has
+// no switches of its own, in the environment or on the command line.
 
 #include <filesystem>
 

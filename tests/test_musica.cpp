@@ -216,6 +216,21 @@ TEST(Sequenziale, WalksTheSongsInTurnInTheFrameUntilNone) {
     }
 }
 
+// With no song at all, SEQUENTIAL MODE is kept in the file but shows nothing
+// on the table: no frame, no title button, now or at a later hand.
+TEST(Sequenziale, WithNoSongsShowsNothing) {
+    BancoMusica b;
+    b.crea({});
+    b.finestra.BackColor(verde_tavolo);
+    b.frm.All_Click(0);
+    EXPECT_EQ(b.impostazioni().at(1), "101");
+    EXPECT_EQ(b.spuntate(), std::set<std::string>{"All"});
+    EXPECT_TRUE(b.musica.aperti.empty());
+    EXPECT_FALSE(b.quadro());
+    EXPECT_FALSE(b.frm.Visible(Controllo::CmdSong));
+    EXPECT_EQ(b.frm.canzone, 0);
+}
+
 TEST(FileMidi, VariableQuantitiesAndRepeatedNotes) {
     midi::Traccia t;
     t.nota(0, 0, 480, 60, 100);

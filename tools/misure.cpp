@@ -5,18 +5,24 @@
 //   cpu  the share of one core it used over the next ten seconds, in per cent
 //   rss  its resident memory at that moment, in megabytes
 // lesta-misure <program folder>   (the folder holds Config.brx, music/, carta.wav)
+//
+// lesta-misure --primo-disegno <program folder>
+// writes instead the wall-clock time (nanoseconds since the epoch) at which
+// the table's first paint is done, and ends: the start-up a player waits for.
 
 #include <sys/resource.h>
 
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
+#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <string>
 
 #include "table/applicazione.h"
 #include "table/immagini.h"
+#include "table/superficie_qt.h"
 
 namespace {
 
@@ -34,6 +40,30 @@ double megabyte_residenti() {
     return -1;
 }
 
+// Writes the moment of the table's first paint and ends the program.
+class PrimoDisegno final : public QObject {
+public:
+    bool eventFilter(QObject*, QEvent* evento) override {
+        if (evento->type() == QEvent::Paint && !fatto_) {
+            fatto_ = true;
+            QMetaObject::invokeMethod(
+                qApp,
+                [] {
+                    const auto ora = std::chrono::system_clock::now().time_since_epoch();
+                    std::printf("%lld\n", static_cast<long long>(
+                                              std::chrono::duration_cast<std::chrono::nanoseconds>(ora).count()));
+                    std::fflush(stdout);
+                    QCoreApplication::exit(0);
+                },
+                Qt::QueuedConnection);
+        }
+        return false;
+    }
+
+private:
+    bool fatto_ = false;
+};
+
 void fallisci(const char* perche) {
     std::fprintf(stderr, "%s\n", perche);
     QCoreApplication::exit(1);
@@ -42,13 +72,21 @@ void fallisci(const char* perche) {
 }  // namespace
 
 int main(int argc, char* argv[]) {
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: lesta-misure <program folder>\n");
+    const bool primo_disegno = argc == 3 && std::string(argv[1]) == "--primo-disegno";
+    if (argc != 2 && !primo_disegno) {
+        std::fprintf(stderr, "usage: lesta-misure [--primo-disegno] <program folder>\n");
         return 2;
     }
     QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Lesta"));
     lesta::Immagini immagini;
-    lesta::Applicazione lesta(immagini, argv[1]);
+    lesta::Applicazione lesta(immagini, argv[argc - 1]);
+    if (primo_disegno) {
+        PrimoDisegno primo;
+        lesta.tavolo().superficie().installEventFilter(&primo);
+        lesta.avvia();
+        return QApplication::exec();
+    }
     const lesta::Frmlesta& f = lesta.gioco();
     QWidget* go = lesta.tavolo().widget(lesta::Controllo::GO);
 

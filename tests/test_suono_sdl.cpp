@@ -98,7 +98,9 @@ protected:
     };
 };
 
-// Missing and broken files open nothing, nor does a header of no tracks.
+// Missing and broken files open nothing, nor does a header of no tracks, a
+// real song cut short (in its middle, or by its very last byte), or a song
+// of no note: none of them could play, and none brings an end.
 // Each of the game's songs loads and sounds, and stops without an end when
 // another file is opened over it or when it is closed. A song played to its end brings one end, on the Qt
 // thread; a later "Play" starts it again.
@@ -106,10 +108,18 @@ TEST_F(SuonoSdl, OnlyASongPlayedToItsEndBringsAnEnd) {
     std::ofstream(file("rotto.mid"), std::ios::binary) << "not a MIDI file at all";
     std::ofstream(file("troncato.mid"), std::ios::binary).write("MThd\0\0\0\x06\0\x01\0\x01\x01\xE0", 14);
     std::ofstream(file("senza_tracce.mid"), std::ios::binary).write("MThd\0\0\0\x06\0\x01\0\0\x01\xE0MTrk\0\0\0\0", 22);
+    const std::string vera = prova::leggi_tutto(programma / "music" / "Santa Lucia.mid");
+    ASSERT_GT(vera.size(), 100u);
+    prova::scrivi_tutto(file("a_meta.mid"), std::string_view(vera).substr(0, vera.size() / 2));
+    prova::scrivi_tutto(file("senza_ultimo_byte.mid"), std::string_view(vera).substr(0, vera.size() - 1));
+    midi::Traccia muta("muta");
+    muta.tempo(0, 500000);
+    ASSERT_TRUE(scrivi_file(file("muta.mid"), midi::file_smf({muta}, 480)));
     scrivi_brano(file("breve.mid"), 3, 200);
     MediaSdl musica(TipoDispositivo::Sequencer, alla_fine);
     for (const auto& nome : {file("manca.mid"), file("rotto.mid"), file("troncato.mid"), file("senza_tracce.mid"),
-                              file("nessuna/cartella.mid")}) {
+                              file("nessuna/cartella.mid"), file("a_meta.mid"), file("senza_ultimo_byte.mid"),
+                              file("muta.mid")}) {
         apri(musica, nome);
         musica.sincronizza();
         EXPECT_FALSE(musica.aperto() || musica.suona()) << nome;

@@ -48,8 +48,10 @@ std::unique_ptr<Sintetizzatore> Sintetizzatore::crea(const std::string& font, in
     s->impostazioni = f->new_fluid_settings();
     if (s->impostazioni == nullptr) return nullptr;
     f->fluid_settings_setnum(s->impostazioni, "synth.sample-rate", frequenza);
-    // The loudness at which SDL2_mixer's own synthesizer plays at full volume.
-    f->fluid_settings_setnum(s->impostazioni, "synth.gain", 1.2);
+    // A little under the loudness of SDL2_mixer's own synthesizer at full
+    // volume (1.2): our songs peak under -5.5 dB, which leaves room for the
+    // card sound (peak -9 dB) over them without clipping.
+    f->fluid_settings_setnum(s->impostazioni, "synth.gain", 1.0);
     f->fluid_settings_setint(s->impostazioni, "synth.polyphony", 64);
     f->fluid_settings_setint(s->impostazioni, "synth.dynamic-sample-loading", 1);
     s->synth = f->new_fluid_synth(s->impostazioni);

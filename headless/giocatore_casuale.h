@@ -1,9 +1,9 @@
 #pragma once
-// A player who picks at random, through the same clicks a person makes: a
-// hand card among those not yet played, and, when the card must capture, one
-// of the legal selections, all equally likely: any single table card of equal
-// value when there is one, otherwise any set of table cards whose values add
-// up to the card's.
+// A player who picks at random, through the same clicks a person makes, or
+// through the keys: a hand card among those not yet played, and, when the
+// card must capture, one of the legal selections, all equally likely: any
+// single table card of equal value when there is one, otherwise any set of
+// table cards whose values add up to the card's.
 
 #include <array>
 #include <cstdint>
@@ -19,9 +19,13 @@ public:
     // Where a click at a point of the table (in logical units) goes: straight
     // to the game, or through a real window.
     using Clic = std::function<void(float x, float y)>;
+    // Where a key goes, for a player who plays by the keyboard: '1' to '3'
+    // for the hand, and for the table the letter printed on the key of the
+    // card's cell, as the rules name them.
+    using Tasto = std::function<void(char tasto)>;
 
-    GiocatoreCasuale(Frmlesta& tavolo, std::uint32_t seme, Clic clic = {})
-        : f_(tavolo), caso_(seme), clic_(std::move(clic)) {}
+    GiocatoreCasuale(Frmlesta& tavolo, std::uint32_t seme, Clic clic = {}, Tasto tasto = {})
+        : f_(tavolo), caso_(seme), clic_(std::move(clic)), tasto_(std::move(tasto)) {}
 
     // Makes the next click the game waits for; false if the game waits for
     // nothing a player can give.
@@ -38,6 +42,7 @@ private:
     Frmlesta& f_;
     Pcg32 caso_;
     Clic clic_;
+    Tasto tasto_;  // when set, the player plays by keys alone
     std::array<Carta, 12> da_scegliere_{};  // the rest of the selection being made
     int restanti_ = 0;
 };

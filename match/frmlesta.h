@@ -98,6 +98,9 @@ public:
     void Form_Unload();
     // A press of any mouse button on the table, at (X, Y) in logical units.
     void Form_MouseDown(float X, float Y);
+    // A key pressed on the table: the keys that play (match/geometria.h)
+    // click the middle of their hand slot or table cell; others do nothing.
+    void Form_KeyDown(char tasto);
     // The music menu, and the end of a song.
     void canzoni_Click(int indice);
     void All_Click(int indice);

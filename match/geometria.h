@@ -1,11 +1,14 @@
 #pragma once
-// Where the hands stand on the table, and where a click picks a hand card.
+// Where the hands and the table's cells stand, where a click picks a hand
+// card, and which point of the table each key of the keyboard stands for.
 // The dealing paints from here, the player's click is judged from here, and
 // the settings check a card scale against both.
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <optional>
+#include <string_view>
 
 #include "table/controlli.h"
 
@@ -24,6 +27,26 @@ constexpr float sinistra_mano(int i, float larghezza_carta, float meta_larghezza
 // at 5 from the top.
 constexpr float alto_mano_giocatore(float altezza_carta) { return 595 - altezza_carta; }
 inline constexpr float alto_mano_computer = 5;
+
+// Left of table column c (1..4) and top of table row r (1..3): from the
+// grid's top left corner, a card and a gap of 6 a step.
+constexpr float sinistra_cella(float colonna, float tavolox, float larghezza_carta) {
+    return tavolox + (colonna - 1) * (larghezza_carta + 6);
+}
+constexpr float alto_cella(float riga, float tavoloy, float altezza_carta) {
+    return tavoloy + (riga - 1) * (altezza_carta + 6);
+}
+
+// A point of the table, in logical units.
+struct Punto {
+    float x = 0, y = 0;
+};
+
+// The middle of the player's hand card in slot k (1..3), as it is painted.
+constexpr Punto centro_mano(int k, float larghezza_carta, float altezza_carta, float meta_larghezza = 400) {
+    return {sinistra_mano(k - 1, larghezza_carta, meta_larghezza) + larghezza_carta / 2,
+            alto_mano_giocatore(altezza_carta) + altezza_carta / 2};
+}
 
 // The hit areas of the three hand slots stand at fixed places, a pitch of 64
 // apart, where the cards of a 58-unit-wide deck would stand; only their size
@@ -49,10 +72,10 @@ constexpr std::int16_t slot_della_mano(float X, float Y, float larghezza_carta, 
 // band of scales keeps them together (about 58.6 to 78.8 per cent).
 constexpr bool scala_giocabile(float scala) {
     const float w = larghezza_a_scala(scala), h = altezza_a_scala(scala);
-    const float y_medio = alto_mano_giocatore(h) + h / 2;
     for (std::int16_t k = 1; k <= 3; ++k) {
+        const Punto medio = centro_mano(k, w, h);
         const float sinistra = sinistra_mano(k - 1, w), destra = sinistra + w;
-        if (slot_della_mano(sinistra + w / 2, y_medio, w, h) != k) return false;
+        if (slot_della_mano(medio.x, medio.y, w, h) != k) return false;
         // Across the card, the slot picked changes only at the edges of the
         // hit areas: a click on each edge and between each two stands for all.
         // (Edges off the card count as its right edge.)
@@ -66,12 +89,36 @@ constexpr bool scala_giocabile(float scala) {
         std::sort(x.begin(), x.end());
         for (std::size_t i = 0; i < x.size(); ++i) {
             for (float X : {x[i], i + 1 < x.size() ? (x[i] + x[i + 1]) / 2 : x[i]}) {
-                const std::int16_t colpito = slot_della_mano(X, y_medio, w, h);
+                const std::int16_t colpito = slot_della_mano(X, medio.y, w, h);
                 if (colpito != 0 && colpito != k) return false;
             }
         }
     }
     return true;
+}
+
+// The keys that play, each standing for a click on the middle of what it
+// names: 1, 2 and 3 the hand slots from the left, and a letter for each table
+// cell, row by row, as the letters stand on a keyboard:
+//     Q W E R
+//     A S D F
+//     Z X C V
+// Upper and lower case are one key. The click it stands for is then judged
+// as any click is: a played slot or an empty cell shows the table colour
+// there, and nothing happens.
+inline constexpr std::string_view tasti_celle = "qwerasdfzxcv";
+
+// The point a key stands for, or nothing for a key that plays nothing; the
+// table's grid has its top left corner at (tavolox, tavoloy).
+constexpr std::optional<Punto> punto_del_tasto(char tasto, float larghezza_carta, float altezza_carta,
+                                               float tavolox, float tavoloy, float meta_larghezza = 400) {
+    if (tasto >= '1' && tasto <= '3') return centro_mano(tasto - '0', larghezza_carta, altezza_carta, meta_larghezza);
+    if (tasto >= 'A' && tasto <= 'Z') tasto = static_cast<char>(tasto - 'A' + 'a');
+    const std::size_t i = tasti_celle.find(tasto);
+    if (i == std::string_view::npos) return std::nullopt;
+    const auto riga = static_cast<float>(i / 4 + 1), colonna = static_cast<float>(i % 4 + 1);
+    return Punto{sinistra_cella(colonna, tavolox, larghezza_carta) + larghezza_carta / 2,
+                 alto_cella(riga, tavoloy, altezza_carta) + altezza_carta / 2};
 }
 
 }  // namespace lesta

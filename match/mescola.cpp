@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "match/frmlesta.h"
+#include "match/geometria.h"
 
 namespace lesta {
 
@@ -41,7 +42,7 @@ void Frmlesta::Mescola() {
         ++posizione_mazzo;
         const Carta n = mazzo[posizione_mazzo];
         tavolo[2][c] = n;
-        carta[n].Left = tavolox + static_cast<float>(c - 1) * (larghezza_carta + 6);
+        carta[n].Left = sinistra_cella(static_cast<float>(c), tavolox, larghezza_carta);
         carta[n].Top = meta_altezza - altezza_carta / 2;
         finestra.PaintPicture(faccia(n), carta[n].Left, carta[n].Top, larghezza_carta, altezza_carta);
     }

@@ -27,6 +27,7 @@ Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
             [this](int i) { evento([this, i] { frm_.velocita_gioco_Click(i); }); });
     connect(&tavolo_.superficie(), &SuperficieQt::premuto, this,
             [this](float x, float y) { evento([this, x, y] { frm_.Form_MouseDown(x, y); }); });
+    connect(&tavolo_, &FinestraTavolo::tasto, this, [this](char t) { evento([this, t] { frm_.Form_KeyDown(t); }); });
     connect(&tavolo_, &FinestraTavolo::canzone, this,
             [this](int i) { evento([this, i] { frm_.canzoni_Click(i); }); });
     connect(&tavolo_, &FinestraTavolo::tutte_le_canzoni, this, [this] { evento([this] { frm_.All_Click(0); }); });

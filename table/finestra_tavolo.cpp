@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QVBoxLayout>
@@ -201,6 +202,11 @@ void FinestraTavolo::controllo_cambiato(Controllo c, const Rett& r, bool visibil
     QWidget* w = widget(c);
     if (w == nullptr) return;
     posiziona(c);
+    // A control that goes holds the keyboard no more: the table takes it, so
+    // that the keys play again. (Qt would leave it with a hidden panel when no
+    // other control can hold it, and the keys would write there unseen.)
+    const QWidget* attivo = focusWidget();
+    if (!visibile && attivo != nullptr && (attivo == w || w->isAncestorOf(attivo))) superficie_->setFocus();
     w->setVisible(visibile);
     if (in_primo_piano) w->raise();
 }
@@ -284,6 +290,35 @@ void FinestraTavolo::showEvent(QShowEvent* evento) {
         mostrata_ = true;
         emit prima_volta();
     }
+}
+
+// A key comes here when nothing on the window takes it: the table holds the
+// keyboard, or a control that has no use for the key. The game judges it
+// (Frmlesta::Form_KeyDown). The key is the one the keyboard's layout names,
+// shift or not: a letter is the one printed on the key whatever the layout
+// (on a French keyboard, Q is where an English one has A), and 1 is the
+// number row's or the keypad's (with Num Lock on; on a French keyboard the
+// number row's needs Shift, as it does to type a digit). Not a key while a
+// help panel holds the keyboard: the English rules can be written in, and the
+// others are the player's reading. Not with Ctrl, Alt or Meta: Alt and a
+// letter opens a menu, and the menus take those keys before any window sees
+// them. A key held down plays once, as a held mouse button clicks once.
+void FinestraTavolo::keyPressEvent(QKeyEvent* evento) {
+    constexpr auto altri_tasti = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    const int k = evento->key();
+    if (evento->isAutoRepeat() || (evento->modifiers() & altri_tasti) || k < Qt::Key_Space ||
+        k > Qt::Key_AsciiTilde || pannello_con_tastiera()) {
+        QMainWindow::keyPressEvent(evento);
+        return;
+    }
+    emit tasto(static_cast<char>(k));
+}
+
+bool FinestraTavolo::pannello_con_tastiera() const {
+    const QWidget* attivo = focusWidget();
+    for (Controllo c : {Controllo::Text2, Controllo::Text3, Controllo::Text4})
+        if (attivo != nullptr && (attivo == widget(c) || widget(c)->isAncestorOf(attivo))) return true;
+    return false;
 }
 
 }  // namespace lesta

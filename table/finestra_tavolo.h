@@ -49,18 +49,24 @@ signals:
     void tutte_le_canzoni();
     void nessuna_musica();
     void esci();
+    // A key pressed on the table, as the character the keyboard's layout
+    // names for it ('1', 'Q'...): see keyPressEvent.
+    void tasto(char carattere);
     void chiusa();        // the window's own close control
     void prima_volta();   // the window is on screen for the first time
 
 protected:
     void closeEvent(QCloseEvent* evento) override;
     void showEvent(QShowEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
 
 private:
     void crea_controlli();
     void crea_menu();
     void posiziona(Controllo c);
     void posiziona_tutti();
+    // Whether a help panel holds the keyboard.
+    bool pannello_con_tastiera() const;
 
     Immagini& immagini_;
     SuperficieQt* superficie_;

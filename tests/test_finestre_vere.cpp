@@ -1,13 +1,14 @@
 // The whole program on its real windows: the table and the score sheet, the
 // real timers at "High", every move made by a mouse click on the widgets at
-// the place the game's state gives, on an offscreen screen of 1024 x 768. A
-// witness counts what each side takes as a person watching the table would,
-// and the sheet must show the same.
+// the place the game's state gives, or by a key pressed on the table window,
+// on an offscreen screen of 1024 x 768. A witness counts what each side takes
+// as a person watching the table would, and the sheet must show the same.
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
@@ -68,9 +69,14 @@ public:
 
 class PartitaVera {
 public:
-    explicit PartitaVera(std::uint32_t seme)
+    // How the player makes its moves.
+    enum Comandi { mouse, tastiera };
+
+    explicit PartitaVera(std::uint32_t seme, Comandi comandi = mouse)
         : lesta_(immagini(), con_impostazioni(cartella_.percorso())),
-          giocatore_(lesta_.gioco(), seme, [this](float x, float y) { clic_tavolo(x, y); }) {}
+          giocatore_(lesta_.gioco(), seme, [this](float x, float y) { clic_tavolo(x, y); },
+                     comandi == tastiera ? GiocatoreCasuale::Tasto([this](char t) { tasto(t); })
+                                         : GiocatoreCasuale::Tasto()) {}
 
     Applicazione& lesta() { return lesta_; }
     FinestraPunteggioQt& foglio() { return lesta_.foglio(); }
@@ -91,7 +97,8 @@ public:
     }
 
     // Plays the hand under way until the sheet comes up; false if the game
-    // stops waiting for anything.
+    // stops waiting for anything, or if the player's clicks or keys seem to
+    // do nothing (a hand takes the player well under 200).
     bool gioca_mano() {
         const Frmlesta& f = lesta_.gioco();
         auto tocca_al_giocatore = [&] {
@@ -100,12 +107,13 @@ public:
         // The sheet stays up behind the table between hands: what counts is
         // that it shows a finished hand that no button has answered yet.
         auto foglio_pronto = [&] { return foglio().isVisible() && foglio().frm().attende_scelta; };
-        while (true) {
+        for (int colpi = 0; colpi < 200; ++colpi) {
             if (!QTest::qWaitFor([&] { return foglio_pronto() || tocca_al_giocatore(); }, attesa_massima_ms))
                 return false;
             if (foglio_pronto()) return true;
             if (!giocatore_.clic()) return false;
         }
+        return false;
     }
 
     // The sheet's button: the next hand, or back to the start panel.
@@ -124,6 +132,7 @@ private:
         return cartella;
     }
 
+public:
     // A click on the table at a point in logical units, as the mouse makes it.
     void clic_tavolo(float x, float y) {
         SuperficieQt& s = lesta_.tavolo().superficie();
@@ -132,10 +141,23 @@ private:
         QTest::mouseClick(&s, Qt::LeftButton, {}, pixel);
     }
 
+    // A key ('1' or 'Q') pressed and let go on the table window: the window
+    // gives it to the control that holds the keyboard, as it does a person's.
+    // Every other digit comes from the keypad, and every other letter with
+    // Shift.
+    void tasto(char t, Qt::KeyboardModifiers modificatori = {}) {
+        const bool cifra = t >= '0' && t <= '9';
+        if (++tasti_ % 2 == 0) modificatori |= cifra ? Qt::KeypadModifier : Qt::ShiftModifier;
+        QTest::keyClick(lesta_.tavolo().windowHandle(), static_cast<Qt::Key>(t), modificatori);
+    }
+
+private:
+
     prova::CartellaTemporanea cartella_;
     Applicazione lesta_;
     GiocatoreCasuale giocatore_;
     Testimone testimone_;
+    int tasti_ = 0;
 };
 
 QString numero(int n) { return QStringLiteral(" %1").arg(n); }
@@ -187,6 +209,46 @@ TEST(FinestreVere, ASingleHandPlayedByMouseEndsOnASheetThatAgreesWithTheTable) {
 
     p.continua();
     EXPECT_TRUE(QTest::qWaitFor([&] { return p.widget(Controllo::GO)->isVisible(); }, 10'000));
+}
+
+// A single hand with every card played and every table card chosen by its
+// key. First, at the player's first turn: the English rules, clicked, keep
+// the keys typed in them; a click on the bare table closes them and gives the
+// keys back to the table; a key with Alt plays nothing; and the Italian
+// rules, reached by Tab, keep their keys too, though they are read only.
+// Quicker than the mouse's hand, as the match below.
+TEST(FinestreVere, ASingleHandPlayedByKeysEndsOnASheetThatAgreesWithTheTable) {
+    PartitaVera p(23, PartitaVera::tastiera);
+    p.avvia();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&p.lesta().tavolo()));
+    p.lesta().gioco().velocita = 255;
+    p.scegli(0);
+    const Frmlesta& f = p.lesta().gioco();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return f.modo == Modo::gioco1; }, attesa_massima_ms));
+
+    p.lesta().tavolo().voce_english()->trigger();
+    auto* regole = static_cast<QPlainTextEdit*>(p.widget(Controllo::Text2));
+    ASSERT_TRUE(regole->isVisible());
+    QTest::mouseClick(regole->viewport(), Qt::LeftButton, {}, QPoint(5, 5));
+    p.tasto('1');
+    p.tasto('Q');
+    EXPECT_TRUE(regole->toPlainText().contains(QStringLiteral("1q"), Qt::CaseInsensitive));
+    EXPECT_EQ(f.carta_giocata, 0);
+    p.clic_tavolo(250, 560);
+    EXPECT_FALSE(regole->isVisible());
+    p.tasto('2', Qt::AltModifier);
+    EXPECT_EQ(f.carta_giocata, 0);
+    p.lesta().tavolo().voce_italiano()->trigger();
+    QTest::keyClick(p.lesta().tavolo().windowHandle(), Qt::Key_Tab);
+    ASSERT_TRUE(p.widget(Controllo::Text3)->hasFocus());
+    p.tasto('3');
+    EXPECT_EQ(f.carta_giocata, 0);
+    p.clic_tavolo(250, 560);
+
+    ASSERT_TRUE(p.gioca_mano());
+    const auto punti = controlla_riga(p, 0);
+    EXPECT_EQ(p.totale(1), numero(punti[1]));
+    EXPECT_EQ(p.totale(2), numero(punti[2]));
 }
 
 TEST(FinestreVere, AMatchTo11GoesOnUntilASideHasWonAndThenStartsAgain) {

@@ -1,6 +1,6 @@
-// The hand: the deal, the player's clicks on the table window, the running
-// score, and whole hands played to the end by a random player against the
-// computer, on the virtual clock, with every card followed at every move.
+// The hand: the deal, the player's clicks and keys on the table window, the
+// running score, and whole hands played to the end by a random player against
+// the computer, on the virtual clock, with every card followed at every move.
 
 #include <gtest/gtest.h>
 
@@ -8,6 +8,7 @@
 #include <cmath>
 #include <random>
 #include <string>
+#include <string_view>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -157,6 +158,77 @@ TEST(Mano, IClicSulTavoloSegnanoEToglionoLaSelezione) {
     }
     for (int k = 1; k <= 4; ++k) EXPECT_EQ(b.frm.carta[b.frm.tavolo[2][k]].tag, Tag::vuoto);
     EXPECT_EQ(b.frm.carta_giocata, 0);
+}
+
+// ---- the keys ----
+
+// The keys 1, 2 and 3 click the middle of the hand cards as dealt, at scales
+// across the band the settings accept, and play them; a played slot shows
+// the table, and its key plays nothing more.
+TEST(Mano, ITastiDaUnoATreGiocanoLeCarteInMano) {
+    for (float scala : {0.6f, 0.75f, 0.785f}) {
+        SCOPED_TRACE(testing::Message() << "scale " << scala);
+        ASSERT_TRUE(scala_giocabile(scala));
+        Mano b(scala);
+        const float w = b.frm.larghezza_carta, h = b.frm.altezza_carta;
+        for (int k : {2, 3, 1}) {
+            const char tasto = static_cast<char>('0' + k);
+            const CartaControllo dealt = b.frm.carta[b.in_mano(k)];
+            const auto p = punto_del_tasto(tasto, w, h, b.frm.tavolox, b.frm.tavoloy);
+            ASSERT_TRUE(p.has_value());
+            EXPECT_FLOAT_EQ(p->x, dealt.Left + w / 2);
+            EXPECT_FLOAT_EQ(p->y, dealt.Top + h / 2);
+            b.frm.Form_KeyDown(tasto);
+            EXPECT_EQ(b.frm.carta_giocata, b.in_mano(k)) << tasto;
+            b.frm.carta_giocata = 0;  // the next turn
+            b.frm.Form_KeyDown(tasto);
+            EXPECT_EQ(b.frm.carta_giocata, 0) << tasto;
+        }
+        EXPECT_EQ(b.frm.giocate, (std::array<std::uint8_t, 4>{0, 1, 1, 1}));
+    }
+}
+
+// Q W E R, A S D F and Z X C V click the middle of the cells of rows 1 to 3,
+// columns 1 to 4, in either case: a first press marks the card of the cell,
+// a second drops it; on an empty cell a letter marks nothing. A key that
+// names no place does nothing at all, while one that does closes the help
+// panels as a click does.
+TEST(Mano, LeLettereSegnanoLeCarteDelTavolo) {
+    Banco<FinestraRaster> b(1, 0.75f);
+    b.tavolo_verde();
+    prova::Griglia g{};
+    for (std::size_t i = 0; i < g.size(); ++i) g[i] = i == 6 ? 0 : static_cast<Carta>(21 + i);  // D is empty
+    b.tavolo(g);
+    b.frm.modo = Modo::selezione;
+    const float w = b.frm.larghezza_carta, h = b.frm.altezza_carta;
+    auto segnate = [&] {
+        std::vector<Carta> s;
+        for (Carta c = 1; c <= 40; ++c)
+            if (b.frm.carta[c].tag == Tag::SEL) s.push_back(c);
+        return s;
+    };
+    const std::string_view tasti = "QWERASDFZXCV";
+    for (std::size_t i = 0; i < tasti.size(); ++i) {
+        const int r = static_cast<int>(i) / 4 + 1, k = static_cast<int>(i) % 4 + 1;
+        SCOPED_TRACE(testing::Message() << tasti[i] << ": row " << r << ", column " << k);
+        const auto p = punto_del_tasto(tasti[i], w, h, b.frm.tavolox, b.frm.tavoloy);
+        ASSERT_TRUE(p.has_value());
+        EXPECT_FLOAT_EQ(p->x, b.cella_x(k) + w / 2);
+        EXPECT_FLOAT_EQ(p->y, b.cella_y(r) + h / 2);
+        b.frm.Form_KeyDown(tasti[i]);
+        EXPECT_EQ(segnate(), g[i] == 0 ? std::vector<Carta>{} : std::vector<Carta>{g[i]});
+        b.frm.Visible(Controllo::Text2, true);
+        b.frm.Form_KeyDown(static_cast<char>(tasti[i] - 'A' + 'a'));
+        EXPECT_EQ(segnate(), std::vector<Carta>{});
+        EXPECT_FALSE(b.frm.Visible(Controllo::Text2));
+    }
+    b.frm.Visible(Controllo::Text2, true);
+    for (char tasto : {'0', '4', 'G', 'T', 'b', ' ', '\0'}) {
+        b.frm.Form_KeyDown(tasto);
+        EXPECT_FALSE(punto_del_tasto(tasto, w, h, b.frm.tavolox, b.frm.tavoloy).has_value()) << int{tasto};
+    }
+    EXPECT_TRUE(b.frm.Visible(Controllo::Text2));
+    EXPECT_EQ(segnate(), std::vector<Carta>{});
 }
 
 TEST(Mano, IlPunteggioCorrenteDallaSecondaManoDiUnaPartita) {

@@ -1,6 +1,7 @@
 // The player's side of a turn: the wait for a hand card, and the one click
-// handler of the table. The handler never calls the game: it changes the
-// turn's fields, and the routine that waits sees the change.
+// handler of the table, which the keys go through too. The handler never
+// calls the game: it changes the turn's fields, and the routine that waits
+// sees the change.
 
 #include <cmath>
 
@@ -82,6 +83,16 @@ void Frmlesta::Form_MouseDown(float X, float Y) {
         case Modo::selezione: carta_del_tavolo(*this, X, Y); break;
         case Modo::vuoto: break;
     }
+}
+
+// A key is a click on the middle of its slot or cell, and nothing more: the
+// click's handler alone judges it, with the table colour, the mode and the
+// hit areas, so that a key can do nothing a click there could not. A played
+// slot or an empty cell shows the table colour at its middle and the key is
+// dropped; a key closes the help panels as a click does.
+void Frmlesta::Form_KeyDown(char tasto) {
+    if (const auto p = punto_del_tasto(tasto, larghezza_carta, altezza_carta, tavolox, tavoloy, meta_larghezza))
+        Form_MouseDown(p->x, p->y);
 }
 
 }  // namespace lesta

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "match/frmlesta.h"
+#include "match/geometria.h"
 
 namespace lesta {
 
@@ -36,8 +37,8 @@ Task Frmlesta::muovicarte() {
             colonna = static_cast<float>(std::floor(static_cast<double>(casuale.Rnd()) * 4 + 1));
         } while (tavolo[static_cast<std::size_t>(riga)][static_cast<std::size_t>(colonna)] != 0);
         auto& posata = carta[carta_giocata];
-        posata.Left = tavolox + (colonna - 1) * (larghezza_carta + 6);
-        posata.Top = tavoloy + (riga - 1) * (altezza_carta + 6);
+        posata.Left = sinistra_cella(colonna, tavolox, larghezza_carta);
+        posata.Top = alto_cella(riga, tavoloy, altezza_carta);
         finestra.PaintPicture(faccia(carta_giocata), posata.Left, posata.Top, larghezza_carta, altezza_carta);
         cancella(1);
         tavolo[static_cast<std::size_t>(riga)][static_cast<std::size_t>(colonna)] = carta_giocata;

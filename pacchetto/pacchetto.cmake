@@ -85,5 +85,8 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsdl2-2.0-0 (>= 2.0.16), libsdl2-mixer-2.0-0
 # memory low, else any GM font behind Debian's default-GM alternative.
 # Recommended, not required: without one the game plays in full and only the
 # music is silent; apt installs it by default all the same.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "timgm6mb-soundfont | sf2-soundfont-gm | sf3-soundfont-gm")
+# Qt's Wayland plugin, so that on a Wayland desktop the game is a client of
+# its own: without it Qt falls back to its X11 plugin, which libqt6gui6
+# carries, and the game runs through the desktop's XWayland.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "timgm6mb-soundfont | sf2-soundfont-gm | sf3-soundfont-gm, qt6-wayland")
 include(CPack)

@@ -1,6 +1,7 @@
 #include "table/applicazione.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QScreen>
@@ -50,6 +51,10 @@ Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
         tavolo_.show();
         tavolo_.raise();
         tavolo_.activateWindow();
+        // On Wayland a window cannot raise itself, so the sheet would stay in
+        // front: there it steps aside instead, and is shown anew at the end
+        // of the next hand, which puts it on top.
+        if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) foglio_.hide();
         attiva();
     });
     connect(&foglio_, &FinestraPunteggioQt::scarica_tavolo, this, [this] { evento([this] { frm_.Form_Unload(); }); });

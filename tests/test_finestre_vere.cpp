@@ -3,14 +3,22 @@
 // the place the game's state gives, or by a key pressed on the table window,
 // on an offscreen screen of 1024 x 768. A witness counts what each side takes
 // as a person watching the table would, and the sheet must show the same.
+//
+// The same tests run as a Wayland client of a Weston of their own
+// (tests/sotto_weston). There the compositor places and stacks the windows,
+// and screenshots of its screen show which window is in front: the sheet at
+// the end of each hand, the table again once the sheet's button is pressed.
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QProcess>
 #include <QPushButton>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QTest>
 #include <cmath>
 #include <fstream>
@@ -19,6 +27,7 @@
 #include "headless/giocatore_casuale.h"
 #include "table/applicazione.h"
 #include "table/immagini.h"
+#include "table/superficie_qt.h"
 
 // Texts of the sheet in failure messages.
 inline void PrintTo(const QString& testo, std::ostream* os) { *os << '"' << testo.toStdString() << '"'; }
@@ -31,6 +40,37 @@ constexpr int attesa_massima_ms = 120'000;  // one wait of the game, at most
 Immagini& immagini() {
     static Immagini tutte;
     return tutte;
+}
+
+// The program that takes a screenshot of the whole screen as the compositor
+// shows it, writing a PNG into the folder it runs in; none on the offscreen
+// screen, which stacks nothing.
+QString fotografo() { return qEnvironmentVariable("LESTA_SCHERMATA"); }
+
+QImage schermata() {
+    QTemporaryDir cartella;
+    QProcess processo;
+    processo.setWorkingDirectory(cartella.path());
+    processo.start(fotografo(), {});
+    if (!processo.waitForFinished(10'000)) {
+        processo.kill();
+        processo.waitForFinished();
+        return {};
+    }
+    const QStringList foto = QDir(cartella.path()).entryList({QStringLiteral("*.png")}, QDir::Files);
+    if (processo.exitCode() != 0 || foto.size() != 1) return {};
+    return QImage(cartella.filePath(foto.first())).convertToFormat(QImage::Format_RGB32);
+}
+
+// The share of the picture in exactly this colour.
+double quota(const QImage& foto, QColor colore) {
+    const QRgb cercato = colore.rgb() & 0xFFFFFFu;
+    qsizetype quanti = 0;
+    for (int y = 0; y < foto.height(); ++y) {
+        const auto* riga = reinterpret_cast<const QRgb*>(foto.constScanLine(y));
+        for (int x = 0; x < foto.width(); ++x) quanti += (riga[x] & 0xFFFFFFu) == cercato;
+    }
+    return static_cast<double>(quanti) / std::max<qsizetype>(1, qsizetype{foto.width()} * foto.height());
 }
 
 // What each side has taken in the hand, from the moves alone.
@@ -86,6 +126,10 @@ public:
         lesta_.avvia();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&lesta_.tavolo()));
         ASSERT_TRUE(QTest::qWaitFor([&] { return widget(Controllo::GO)->isVisible(); }, 5000));
+        ASSERT_TRUE(lesta_.tavolo().isMaximized());
+        // Maximised, the table is as wide as the screen's free area, which is
+        // what the game's screen check reads.
+        EXPECT_EQ(lesta_.tavolo().frameGeometry().width(), lesta_.tavolo().screen()->availableGeometry().width());
     }
 
     // The start panel: a kind of match, then GO.
@@ -120,6 +164,39 @@ public:
     void continua() {
         testimone_ = {};
         QTest::mouseClick(foglio().bottone(1), Qt::LeftButton);
+    }
+
+    // The compositor shows this window in front: most of the screen in the
+    // ground of its surface, and nothing in that of the other window. The
+    // screen is looked at again until it does, for at most five seconds.
+    ::testing::AssertionResult davanti(const char* nome, const SuperficieQt& sua, const SuperficieQt& altra) {
+        double questa = 0, quella = 0;
+        const bool si = QTest::qWaitFor(
+            [&] {
+                const QImage schermo = schermata();
+                if (schermo.isNull()) return false;
+                const QColor fondo = colore_qt(sua.BackColor()), altro = colore_qt(altra.BackColor());
+                questa = quota(schermo, fondo);
+                quella = fondo == altro ? 0 : quota(schermo, altro);
+                return questa > 0.4 && quella < 0.02;
+            },
+            5000);
+        if (si) return ::testing::AssertionSuccess();
+        return ::testing::AssertionFailure() << nome << " is not in front: "
+                                             << questa << " of the screen in its ground, " << quella
+                                             << " in the other window's";
+    }
+    // Under a compositor, the sheet or the table is in front (the offscreen
+    // screen stacks nothing, and nothing is looked at there).
+    void foglio_davanti(const std::string& quando) {
+        if (!fotografo().isEmpty()) {
+            EXPECT_TRUE(davanti("the sheet", foglio().superficie(), lesta_.tavolo().superficie())) << quando;
+        }
+    }
+    void tavolo_davanti(const std::string& quando) {
+        if (!fotografo().isEmpty()) {
+            EXPECT_TRUE(davanti("the table", lesta_.tavolo().superficie(), foglio().superficie())) << quando;
+        }
     }
 
     QString dato(int indice) { return lesta_.foglio().etichetta({Gruppo::LBLdat, indice})->text(); }
@@ -197,11 +274,24 @@ TEST(FinestreVere, TheScreenIsLargeEnoughForTheGame) {
     ASSERT_GE(QGuiApplication::primaryScreen()->availableGeometry().width(), 1024);
 }
 
+// Under a compositor the tests below look at the screen; a run that cannot
+// take a picture of it fails here rather than check nothing.
+TEST(FinestreVere, UnderACompositorTheScreenCanBeSeen) {
+    if (QGuiApplication::platformName() == QLatin1String("offscreen")) GTEST_SKIP() << "offscreen: no compositor";
+    ASSERT_FALSE(fotografo().isEmpty()) << "LESTA_SCHERMATA names no screenshot program";
+    const QImage schermo = schermata();
+    ASSERT_FALSE(schermo.isNull()) << fotografo().toStdString() << " took no screenshot";
+    EXPECT_EQ(schermo.size(), QGuiApplication::primaryScreen()->geometry().size() *
+                                  QGuiApplication::primaryScreen()->devicePixelRatio());
+}
+
 TEST(FinestreVere, ASingleHandPlayedByMouseEndsOnASheetThatAgreesWithTheTable) {
     PartitaVera p(11);
     p.avvia();
+    p.tavolo_davanti("the start panel");
     p.scegli(0);
     ASSERT_TRUE(p.gioca_mano());
+    p.foglio_davanti("the end of the hand");
     const auto punti = controlla_riga(p, 0);
     EXPECT_EQ(p.totale(1), numero(punti[1]));
     EXPECT_EQ(p.totale(2), numero(punti[2]));
@@ -209,6 +299,7 @@ TEST(FinestreVere, ASingleHandPlayedByMouseEndsOnASheetThatAgreesWithTheTable) {
 
     p.continua();
     EXPECT_TRUE(QTest::qWaitFor([&] { return p.widget(Controllo::GO)->isVisible(); }, 10'000));
+    p.tavolo_davanti("after NEW GAME");
 }
 
 // A single hand with every card played and every table card chosen by its
@@ -263,6 +354,7 @@ TEST(FinestreVere, AMatchTo11GoesOnUntilASideHasWonAndThenStartsAgain) {
     for (int riga = 0;; ++riga) {
         ASSERT_LT(riga, 12) << "a match to 11 that never ends";
         ASSERT_TRUE(p.gioca_mano()) << "hand " << riga + 1;
+        p.foglio_davanti("the end of hand " + std::to_string(riga + 1));
         const auto punti = controlla_riga(p, riga);
         totali[1] += punti[1];
         totali[2] += punti[2];
@@ -271,6 +363,7 @@ TEST(FinestreVere, AMatchTo11GoesOnUntilASideHasWonAndThenStartsAgain) {
         const bool finita = totali[1] != totali[2] && std::max(totali[1], totali[2]) >= 11;
         ASSERT_EQ(p.foglio().bottone(1)->text(), finita ? "NEW GAME" : "CONTINUE");
         p.continua();
+        p.tavolo_davanti("after hand " + std::to_string(riga + 1));
         if (finita) break;
     }
     EXPECT_TRUE(QTest::qWaitFor([&] { return p.widget(Controllo::GO)->isVisible(); }, 10'000));

@@ -7,6 +7,8 @@
 #include <cmath>
 
 #include "match/frmlesta.h"
+#include "match/tavolo.h"
+#include "turns/passi.h"
 
 namespace lesta {
 
@@ -18,12 +20,10 @@ constexpr bool sette(Carta c) { return c % 10 == 7; }
 
 Task Frmlesta::gioco2() {
     // A clean table: no mark and no outline is left from the player's turn.
-    for (int r = 1; r <= 3; ++r)
-        for (int k = 1; k <= 4; ++k)
-            if (const Carta c = tavolo[r][k]; c != 0) {
-                finestra.PaintPicture(faccia(c), carta[c].Left, carta[c].Top, larghezza_carta, altezza_carta);
-                carta[c].tag = Tag::vuoto;
-            }
+    per_ogni_carta(tavolo, [this](Carta c) {
+        ridipingi(*this, c);
+        carta[c].tag = Tag::vuoto;
+    });
     co_await ritardo(2);
 
     // The first card that can capture is played. The search clears the card
@@ -72,15 +72,7 @@ Task Frmlesta::gioco2() {
 
     // The card is shown on the spot of the card in play; the capture's red
     // outlines are already on the table.
-    piattaforma.MMCw.Command("Play");
-    piattaforma.MMCw.From(0);
-    posx = dorso[slot].Left;
-    posy = dorso[slot].Top;
-    finestra.BoxFilled(posx - 1, posy - 1, posx + larghezza_carta + 1, posy + altezza_carta + 1, verde_tavolo);
-    auto& giocata = carta[carta_giocata];
-    giocata.Left = meta_larghezza + 178;
-    giocata.Top = meta_altezza - altezza_carta / 2;
-    finestra.PaintPicture(faccia(carta_giocata), giocata.Left, giocata.Top, larghezza_carta, altezza_carta);
+    porta_in_gioco(*this, dorso[slot].Left, dorso[slot].Top);
     dorso[slot].tag = 0;
     co_await ritardo(2);
 }

@@ -7,6 +7,8 @@
 #include <string>
 
 #include "match/frmlesta.h"
+#include "match/tavolo.h"
+#include "turns/passi.h"
 
 namespace lesta {
 
@@ -105,14 +107,7 @@ Task Frmlesta::gioco() {
     // the other side played after that capture. It is no sweep: the count of
     // the deck and the moves is 28 now.
     quante = 0;
-    for (int r = 1; r <= 3; ++r)
-        for (int k = 1; k <= 4; ++k)
-            if (const Carta c = tavolo[r][k]; c != 0) {
-                ++quante;
-                presa[quante] = c;
-                presax[quante] = unita_intere(carta[c].Left);
-                presay[quante] = unita_intere(carta[c].Top);
-            }
+    per_ogni_carta(tavolo, [this](Carta c) { metti_in_presa(*this, c); });
     turno = ultima_presa;
     if (vuote != 12) co_await muovicarte();
 

@@ -4,6 +4,7 @@
 // long as it can and the seven of coins longest. It looks at nothing else:
 // no score, no memory, no look-ahead.
 
+#include <array>
 #include <cmath>
 
 #include "match/frmlesta.h"
@@ -15,6 +16,30 @@ namespace lesta {
 namespace {
 
 constexpr bool sette(Carta c) { return c % 10 == 7; }
+
+// The slot of the card thrown from the hand (0 for a played slot). Every draw
+// falls on a slot; a draw that falls on a played slot, or on a card held
+// back, is used up and the next one is taken.
+std::int16_t slot_da_gettare(const std::array<Carta, 3>& mano, Casuale& casuale) {
+    int in_mano = 0, sette_in_mano = 0;
+    for (Carta c : mano)
+        if (c != 0) {
+            ++in_mano;
+            if (sette(c)) ++sette_in_mano;
+        }
+    for (;;) {
+        const auto slot = static_cast<std::int16_t>(std::floor(static_cast<double>(casuale.Rnd()) * 3));
+        const Carta c = mano[static_cast<std::size_t>(slot)];
+        if (c == 0) continue;
+        if (in_mano == 1) return slot;
+        // Only sevens: any but the seven of coins.
+        if (sette_in_mano == in_mano) {
+            if (c != settebello_carta) return slot;
+        } else if (!sette(c)) {
+            return slot;
+        }
+    }
+}
 
 }  // namespace
 
@@ -43,28 +68,9 @@ Task Frmlesta::gioco2() {
         }
     }
 
-    if (!scelta) {
-        // The throw. Every draw falls on a slot; a draw that falls on a played
-        // slot, or on a card held back, is used up and the next one is taken.
-        int in_mano = 0, sette_in_mano = 0;
-        for (const auto& d : dorso)
-            if (d.tag != 0) {
-                ++in_mano;
-                if (sette(d.tag)) ++sette_in_mano;
-            }
-        for (;;) {
-            slot = static_cast<std::int16_t>(std::floor(static_cast<double>(piattaforma.casuale.Rnd()) * 3));
-            if (dorso[slot].tag == 0) continue;
-            carta_giocata = dorso[slot].tag;
-            if (in_mano == 1) break;
-            if (sette_in_mano == in_mano) {
-                // Only sevens: any but the seven of coins.
-                if (carta_giocata == settebello_carta) continue;
-                break;
-            }
-            if (sette(carta_giocata)) continue;
-            break;
-        }
+    if (!scelta) {  // none can: the throw
+        slot = slot_da_gettare({dorso[0].tag, dorso[1].tag, dorso[2].tag}, piattaforma.casuale);
+        carta_giocata = dorso[slot].tag;
         valore_giocata = static_cast<std::int16_t>(valore(carta_giocata));
         quante = 0;
         somma = 0;

@@ -3,6 +3,7 @@
 // card is animated, every other move is a jump after a pause.
 
 #include <cmath>
+#include <tuple>
 #include <utility>
 
 #include "match/frmlesta.h"
@@ -45,6 +46,14 @@ std::uint8_t togli_le_prese(Tavolo& tavolo, std::array<CartaControllo, 41>& cart
     return vuote;
 }
 
+// The player's pile: the played card and the cards of the capture list.
+void conta_le_prese(std::array<std::int16_t, 41>& prese, Carta giocata, const std::array<Carta, 13>& presa,
+                    int quante) {
+    prese[giocata] = 1;
+    for (int i = 1; i <= quante; ++i)
+        if (presa[i] != 0) prese[presa[i]] = 1;
+}
+
 // ---- the motion ----
 
 // The played card from the spot (posx, posy) to its cell on the table.
@@ -57,41 +66,34 @@ void dipingi_posata(Frmlesta& f) {
                          verde_tavolo);
 }
 
-// The captured cards rise in a stack above the played card, 0.3 of a card
-// height per entry of the list; a hole leaves a gap.
-Task sali(Frmlesta& f) {
-    for (int i = 1; i <= f.quante; ++i) {
-        co_await f.ritardo(1);
-        const Carta c = f.presa[i];
-        if (c == 0) continue;
-        f.finestra.BoxFilled(f.presax[i] - 1, f.presay[i] - 1, f.presax[i] + f.larghezza_carta + 1,
-                             f.presay[i] + f.altezza_carta + 1, verde_tavolo);
-        f.carta[c].Left = f.posx;
-        f.carta[c].Top = static_cast<float>(f.posy - i * 0.3 * f.altezza_carta);
-        f.finestra.PaintPicture(faccia(c), f.carta[c].Left, f.carta[c].Top, f.larghezza_carta, f.altezza_carta);
-    }
-    co_await f.ritardo(2);
+// Entry i of the capture list rises onto the stack above the played card,
+// 0.3 of a card height per entry; a hole leaves a gap.
+void sale(Frmlesta& f, int i) {
+    const Carta c = f.presa[i];
+    if (c == 0) return;
+    f.finestra.BoxFilled(f.presax[i] - 1, f.presay[i] - 1, f.presax[i] + f.larghezza_carta + 1,
+                         f.presay[i] + f.altezza_carta + 1, verde_tavolo);
+    f.carta[c].Left = f.posx;
+    f.carta[c].Top = static_cast<float>(f.posy - i * 0.3 * f.altezza_carta);
+    f.finestra.PaintPicture(faccia(c), f.carta[c].Left, f.carta[c].Top, f.larghezza_carta, f.altezza_carta);
 }
 
-// The top card slides down onto the played card in steps of 2, wiping the
-// stack as it goes; the steps follow the frames, not the game's speed.
-Task scivola(Frmlesta& f, Carta cima) {
-    auto t = std::int32_t{unita_intere(f.carta[cima].Top)};
-    while (f.finestra.conserva() && static_cast<float>(t) < f.posy) {
-        t += 2;
-        co_await un_frame(f.piattaforma.orologio);
-        f.finestra.PaintPicture(faccia(cima), f.posx, static_cast<float>(t + 1), f.larghezza_carta, f.altezza_carta);
-        f.finestra.BoxFilled(f.posx - 1, static_cast<float>(t - 3), f.posx + f.larghezza_carta + 1,
-                             static_cast<float>(t), verde_tavolo);
-    }
+// One step of the slide: the top card 2 units lower, at t + 1, and the stack
+// wiped above it.
+void scende(Frmlesta& f, Carta cima, std::int32_t t) {
+    f.finestra.PaintPicture(faccia(cima), f.posx, static_cast<float>(t + 1), f.larghezza_carta, f.altezza_carta);
+    f.finestra.BoxFilled(f.posx - 1, static_cast<float>(t - 3), f.posx + f.larghezza_carta + 1, static_cast<float>(t),
+                         verde_tavolo);
 }
 
-// The stack is turned over, carried to the pile of the side on turn, and the
-// lamp beside the pile lights for a moment.
-Task alla_pila(Frmlesta& f) {
-    co_await f.ritardo(1);
+// The stack turned over on the spot of the played card.
+void capovolgi(Frmlesta& f) {
     f.finestra.PaintPicture(Figura::Dorso, f.posx, f.posy + 2, f.larghezza_carta, f.altezza_carta);
-    co_await f.ritardo(2);
+}
+
+// The stack carried to the pile of the side on turn, and the lamp beside
+// the pile lit.
+void in_pila(Frmlesta& f) {
     f.finestra.BoxFilled(f.posx - 1, f.posy - 1, f.posx + f.larghezza_carta + 1, f.posy + f.altezza_carta + 3,
                          verde_tavolo);
     const auto pila = static_cast<float>(f.pilay[f.turno]);
@@ -99,8 +101,6 @@ Task alla_pila(Frmlesta& f) {
     const Rett& led = f.rett(Controllo::Led);
     f.Move(Controllo::Led, 100 - led.width - 6, pila + f.altezza_carta / 2 - led.height / 2);
     f.Visible(Controllo::Led, true);
-    co_await f.ritardo(2);
-    f.Visible(Controllo::Led, false);
 }
 
 // A sweep's marker is the card that made it, painted beside the pile, each
@@ -130,19 +130,34 @@ Task Frmlesta::muovicarte() {
         // takes nothing from the table, so the last capture stays where it
         // was; and a full table cannot be swept.
         if (quante != 0) {
-            co_await sali(*this);
+            // The captured cards rise one by one; the top card slides down
+            // onto the played card, a step a frame whatever the game's speed.
+            for (int i = 1; i <= quante; ++i) {
+                co_await ritardo(1);
+                sale(*this, i);
+            }
+            co_await ritardo(2);
             ultima_presa = turno;
             // The holes at the end of the list go: its last card tops the stack.
             while (presa[quante] == 0) --quante;
-            co_await scivola(*this, presa[quante]);
+            const Carta cima = presa[quante];
+            auto t = std::int32_t{unita_intere(carta[cima].Top)};
+            while (finestra.conserva() && static_cast<float>(t) < posy) {
+                t += 2;
+                co_await un_frame(piattaforma.orologio);
+                scende(*this, cima, t);
+            }
         }
-        co_await alla_pila(*this);
+        // The stack is turned over and carried to its pile, where the lamp
+        // lights for a moment.
+        co_await ritardo(1);
+        capovolgi(*this);
+        co_await ritardo(2);
+        in_pila(*this);
+        co_await ritardo(2);
+        Visible(Controllo::Led, false);
         // Only now, with the stack on the pile, are the player's cards counted.
-        if (turno == 1) {
-            prese[carta_giocata] = 1;
-            for (int i = 1; i <= quante; ++i)
-                if (presa[i] != 0) prese[presa[i]] = 1;
-        }
+        if (turno == 1) conta_le_prese(prese, carta_giocata, presa, quante);
     }
 
     vuote = togli_le_prese(tavolo, carta);

@@ -3,6 +3,7 @@
 
 #include "scoring/frmscore.h"
 
+#include <array>
 #include <cmath>
 #include <string>
 
@@ -28,13 +29,42 @@ std::string numero(int n) {
     testo += std::to_string(n);
     return testo;
 }
-std::string_view si_no(bool si) { return si ? "YES" : "NO"; }
+std::string si_no(bool si) { return si ? "YES" : "NO"; }
 
 // Totals and the count of hands are bytes: an addition that would pass 255
 // does not take place, and the value stays as it was.
 void aggiungi(std::uint8_t& a, int n) {
     const int somma = a + n;
     if (somma >= 0 && somma <= 255) a = static_cast<std::uint8_t>(somma);
+}
+
+// A side's five score lines for the hand: what it took, and so its points.
+struct Linee {
+    int carte, denari;  // cards and coins
+    bool primiera, settebello;
+    int leste;  // sweeps
+
+    // One point for more than 20 cards, one for more than 5 coins, one for
+    // the better primiera, one for the seven of coins, one a sweep.
+    std::array<int, 5> punti() const { return {carte > 20, denari > 5, primiera, settebello, leste}; }
+    std::array<std::string, 5> testi() const {
+        return {numero(carte), numero(denari), si_no(primiera), si_no(settebello), numero(leste)};
+    }
+};
+
+// The player's lines and the computer's, from the player's pile: the
+// computer took every card and coin that the player did not.
+std::array<Linee, 2> linee_della_mano(const ModLesta& mod) {
+    return {Linee{mod.numcarte, mod.numdenari, mod.vince_settanta == 1, mod.settebello, mod.leste[1]},
+            Linee{40 - mod.numcarte, 10 - mod.numdenari, mod.vince_settanta == 2, !mod.settebello, mod.leste[2]}};
+}
+
+// A match ends when a side has reached the target and the totals differ; a
+// tie at or above the target is played off.
+bool partita_finita(const ModLesta& mod) {
+    const int obiettivo = mod.tipo_partita == 1 ? 11 : 21;
+    return mod.punti_giocatore != mod.punti_computer &&
+           (mod.punti_giocatore >= obiettivo || mod.punti_computer >= obiettivo);
 }
 
 // The size loaded with the images (372 x 600 twips) and the height of the
@@ -145,17 +175,51 @@ void Frmscore::risultato() {
         mod.command1 = nuova_partita;
     }
 
+    cornice();
+
+    // The deal passes to the other side after every hand, match or not.
+    mod.mazziere = static_cast<std::uint8_t>(mod.mazziere + 1);
+    if (mod.mazziere == 3) mod.mazziere = 1;
+
+    // The hand's row: ten indices and 20 units of height per hand.
+    const auto linee = linee_della_mano(mod);
+    const auto giocatore = linee[0].testi(), computer = linee[1].testi();
+    const int primo = mod.partite + 13;
+    const float alto = 2.0f * static_cast<float>(mod.partite) + 91.0f;
+    for (int k = 0; k < 5; ++k) casella(primo + k, sinistra_giocatore(k), alto, giocatore[k]);
+    for (int k = 0; k < 5; ++k) casella(primo + 5 + k, sinistra_computer(k), alto, computer[k]);
+
+    // The five lines are added one by one, each side's to its total.
+    for (int punto : linee[0].punti()) aggiungi(mod.punti_giocatore, punto);
+    for (int punto : linee[1].punti()) aggiungi(mod.punti_computer, punto);
+
+    // The totals stand under the newest row, the greater in red; equal
+    // totals both dark red.
+    const float sotto = std::nearbyint(LBLdat.rbegin()->second.r.top + 16.0f);
+    const int totali[2] = {mod.punti_giocatore, mod.punti_computer};
+    for (int i = 0; i < 2; ++i) {
+        Etichetta& totale = lblTot[static_cast<std::size_t>(i)];
+        totale.r = {i == 0 ? 20.0f : 432.0f, sotto, 348, totale.r.height};
+        totale.Visible = true;
+        totale.ForeColor = totali[i] > totali[1 - i] ? rosso : rosso_scuro;
+        totale.Caption = numero(totali[i]);
+        disegna({Gruppo::lblTot, i});
+    }
+
+    if (mod.tipo_partita != 0) {
+        aggiungi(mod.partite, 10);
+        mod.command1 = partita_finita(mod) ? nuova_partita : continua;
+    }
+    disegna_bottone(1);
+}
+
+void Frmscore::cornice() {
     Command1 = Bottone{{125, 520, 150, 30}, true};
     Command2 = Bottone{{525, 520, 150, 30}, true};
     disegna_bottone(1);
     disegna_bottone(2);
     LBLtit.Visible = true;
     disegna({Gruppo::LBLtit, 0});
-
-    // The deal passes to the other side after every hand, match or not.
-    mod.mazziere = static_cast<std::uint8_t>(mod.mazziere + 1);
-    if (mod.mazziere == 3) mod.mazziere = 1;
-
     for (int i = 1; i <= 2; ++i) {
         Load_LBLdat(i);
         Etichetta& lato = LBLdat[i];
@@ -164,63 +228,6 @@ void Frmscore::risultato() {
         lato.Visible = true;
         disegna({Gruppo::LBLdat, i});
     }
-
-    // The hand's row: ten indices and 20 units of height per hand.
-    const int primo = mod.partite + 13;
-    const float alto = 2.0f * static_cast<float>(mod.partite) + 91.0f;
-    const int carte_computer = 40 - mod.numcarte;
-    const int denari_computer = 10 - mod.numdenari;
-    const std::string giocatore[5] = {numero(mod.numcarte), numero(mod.numdenari),
-                                      std::string(si_no(mod.vince_settanta == 1)),
-                                      std::string(si_no(mod.settebello)), numero(mod.leste[1])};
-    const std::string computer[5] = {numero(carte_computer), numero(denari_computer),
-                                     std::string(si_no(mod.vince_settanta == 2)),
-                                     std::string(si_no(!mod.settebello)), numero(mod.leste[2])};
-    for (int k = 0; k < 5; ++k) casella(primo + k, sinistra_giocatore(k), alto, giocatore[k]);
-    for (int k = 0; k < 5; ++k) casella(primo + 5 + k, sinistra_computer(k), alto, computer[k]);
-
-    // The totals stand under the newest row.
-    const float sotto = std::nearbyint(LBLdat.rbegin()->second.r.top + 16.0f);
-    for (int i = 0; i < 2; ++i) {
-        lblTot[i].r = {i == 0 ? 20.0f : 432.0f, sotto, 348, lblTot[i].r.height};
-        lblTot[i].Visible = true;
-    }
-
-    // The five lines: cards, coins, primiera, the seven of coins, sweeps.
-    aggiungi(mod.punti_giocatore, mod.numcarte > 20 ? 1 : 0);
-    aggiungi(mod.punti_giocatore, mod.numdenari > 5 ? 1 : 0);
-    aggiungi(mod.punti_computer, mod.numcarte < 20 ? 1 : 0);
-    aggiungi(mod.punti_computer, mod.numdenari < 5 ? 1 : 0);
-    if (mod.vince_settanta == 1) aggiungi(mod.punti_giocatore, 1);
-    if (mod.vince_settanta == 2) aggiungi(mod.punti_computer, 1);
-    if (mod.settebello)
-        aggiungi(mod.punti_giocatore, 1);
-    else
-        aggiungi(mod.punti_computer, 1);
-    aggiungi(mod.punti_giocatore, mod.leste[1]);
-    aggiungi(mod.punti_computer, mod.leste[2]);
-
-    // The greater total in red; equal totals both dark red.
-    lblTot[0].ForeColor = rosso_scuro;
-    lblTot[1].ForeColor = rosso_scuro;
-    if (mod.punti_giocatore > mod.punti_computer) lblTot[0].ForeColor = rosso;
-    if (mod.punti_computer > mod.punti_giocatore) lblTot[1].ForeColor = rosso;
-    lblTot[0].Caption = numero(mod.punti_giocatore);
-    lblTot[1].Caption = numero(mod.punti_computer);
-    disegna({Gruppo::lblTot, 0});
-    disegna({Gruppo::lblTot, 1});
-
-    if (mod.tipo_partita != 0) {
-        aggiungi(mod.partite, 10);
-        mod.command1 = continua;
-        // The match ends when a side has reached the target and the totals
-        // differ; a tie at or above the target is played off.
-        const int obiettivo = mod.tipo_partita == 1 ? 11 : 21;
-        if (mod.punti_giocatore != mod.punti_computer &&
-            (mod.punti_giocatore >= obiettivo || mod.punti_computer >= obiettivo))
-            mod.command1 = nuova_partita;
-    }
-    disegna_bottone(1);
 }
 
 void Frmscore::mostrasettanta() {

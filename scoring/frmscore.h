@@ -173,6 +173,9 @@ private:
     // stays as it is.
     void Load_LBLdat(int indice);
     void Unload_LBLdat(int indice);
+    // The frame of a filled sheet, shown again: both buttons, the title and
+    // the heads of the sides.
+    void cornice();
     // A head or a cell: made, placed, dark red, size 8, its caption, shown.
     void casella(int indice, float left, float top, std::string_view caption);
     // Tells the window how a control now stands.

@@ -1,7 +1,7 @@
-// The player's capture: which selections the turn accepts, against a
-// brute-force reading of the rules on random tables; and the positions the
-// capture search lists for the move. The search's choices are tested with
-// the computer's choice of a card, in test_computer.cpp.
+// The capture search on the table alone, and the player's capture: which
+// selections the turn accepts and what the search takes for the computer,
+// against a brute-force reading of the rules on random tables. The
+// computer's choice of a card is tested in test_computer.cpp.
 
 #include <gtest/gtest.h>
 
@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "banco.h"
+#include "turns/presa.h"
 
 namespace lesta {
 namespace {
@@ -49,6 +50,45 @@ struct Banco : prova::Banco<F> {
         frm.Form_MouseDown(frm.carta[c].Left + frm.larghezza_carta / 2, frm.carta[c].Top + frm.altezza_carta / 2);
     }
 };
+
+Tavolo griglia(const Griglia& g) {
+    Tavolo t{};
+    for (std::size_t i = 0; i < 12; ++i) t[i / 4 + 1][i % 4 + 1] = g[i];
+    return t;
+}
+
+// What the search finds, and what it leaves in the fields whatever the side
+// does with it: the empty cells it passed, the cards it looked at, their sum.
+TEST(Ricerca, CosaTrovaECosaLasciaContato) {
+    struct Caso {
+        Griglia tavolo;
+        Carta giocata;
+        TipoPresa tipo;
+        int vuote;
+        std::vector<Carta> candidati;
+        int somma;
+        unsigned maschera;
+    };
+    using enum TipoPresa;
+    const Caso casi[] = {
+        {{0, 0, 15, 0, 0, 5}, 25, uguale, 2, {15}, 0, 1},                        // no count past the equal card
+        {{}, 7, vuoto, 12, {}, 0, 0},                                             // an empty table
+        {{20, 3, 14}, 7, somma, 9, {3, 14}, 7, 3},                                // a King is no candidate
+        {{4, 0, 12, 0, 0, 23, 0, 0, 31}, 35, somma, 8, {4, 12, 23, 31}, 10, 6},  // the first mask: 2 + 3
+        {{4, 14, 6}, 9, nessuna, 9, {4, 14, 6}, 14, 0},                           // enough in all, no subset
+        {{2, 3}, 6, nessuna, 10, {2, 3}, 5, 0},                                   // short of the value
+        {{1, 11, 21, 31, 2, 12, 22, 32, 3}, 10, troppe, 3, {1, 11, 21, 31, 2, 12, 22, 32, 3}, 15, 0},  // nine
+    };
+    for (const Caso& caso : casi) {
+        SCOPED_TRACE(&caso - casi);
+        const PresaCercata p = cerca_presa(griglia(caso.tavolo), caso.giocata, valore(caso.giocata));
+        EXPECT_EQ(p.tipo, caso.tipo);
+        EXPECT_EQ(p.vuote, caso.vuote);
+        EXPECT_EQ(std::vector<Carta>(p.candidati.begin(), p.candidati.begin() + p.quante), caso.candidati);
+        EXPECT_EQ(p.somma, caso.somma);
+        EXPECT_EQ(p.maschera, caso.maschera);
+    }
+}
 
 TEST(Cattura, SenzaPresaLaCartaVaSulTavoloSenzaAttendere) {
     Banco<FinestraRaster> b;
@@ -100,6 +140,19 @@ TEST(Cattura, LaVerificaAccettaEsattamenteLePreseLecite) {
             if (lecita(tavolo, giocata, scelta(m))) lecite.push_back(m);
             if (n <= 9 || caso() % 8 == 0) prove.push_back(m);
         }
+        // The search takes the first legal capture in the order of the
+        // subsets of the table in scan order: the one whose last card comes
+        // earliest, and so on back.
+        const PresaCercata p = cerca_presa(b.frm.tavolo, giocata, valore(giocata));
+        const bool presa = p.tipo == TipoPresa::uguale || p.tipo == TipoPresa::somma;
+        ASSERT_EQ(presa, !lecite.empty()) << "played " << giocata << " on " << n << " cards";
+        if (presa) {
+            std::vector<Carta> presi;
+            for (int i = 0; i < p.quante; ++i)
+                if (p.maschera >> i & 1u) presi.push_back(p.candidati[static_cast<std::size_t>(i)]);
+            EXPECT_EQ(presi, scelta(lecite.front())) << "played " << giocata << " on " << n << " cards";
+        }
+
         Task t = b.verifica(giocata);
         ASSERT_EQ(t.done(), lecite.empty()) << "played " << giocata << " on " << n << " cards";
         if (t.done()) continue;

@@ -1,129 +1,129 @@
-// The capture search for the card in play, for either side.
-//
-// A card takes a table card of its own value if there is one, and then that
-// card alone. Only when there is none may it take two or more cards whose
-// values add up to its own; a King on the table never enters a sum. Sums are
-// searched among at most eight cards: with more, the card cannot capture.
+// The capture search for the card in play, for either side (turns/presa.h).
 //
 // For the player the search only says whether a capture exists (`trovata`)
 // and whether it is of a card of equal value (`singola`); the player then
 // picks the cards. For the computer it picks them: the first equal card in
 // scan order, or the subset of the first mask that adds up, marked in red.
 
+#include "turns/presa.h"
+
 #include <array>
 #include <bit>
 
 #include "match/frmlesta.h"
+#include "turns/passi.h"
 
 namespace lesta {
 
-void Frmlesta::combina() {
-    // The computer's mark: a red outline inside the card, and the tag.
-    auto segna = [this](Carta c) {
-        const float x = carta[c].Left, y = carta[c].Top;
-        finestra.Box(x + 3, y + 3, x + larghezza_carta - 3, y + altezza_carta - 3, rosso);
-        carta[c].tag = Tag::SEL;
-    };
-    // The card in play cannot capture: the computer goes on to its next card.
-    auto nessuna = [this] {
-        if (turno == 2) {
-            carta_giocata = 0;
-            quante = 0;
-        }
-    };
-
-    trovata = false;
-    singola = false;
-    vuote = 0;
+PresaCercata cerca_presa(const Tavolo& tavolo, Carta carta_giocata, int valore_giocata) {
+    PresaCercata cercata;
+    auto& [tipo, vuote, quante, candidati, somma, maschera] = cercata;
 
     // A card of equal value ends the search at once.
-    for (int r = 1; r <= 3; ++r)
-        for (int k = 1; k <= 4; ++k) {
-            const Carta c = tavolo[r][k];
-            if (c == 0) {
-                ++vuote;
-                continue;
-            }
-            if (c % 10 != carta_giocata % 10) continue;
-            if (turno == 1) {
-                trovata = true;
-                singola = true;
-                quante = 1;
-                return;
-            }
-            segna(c);
-            presa[1] = c;
-            presax[1] = unita_intere(carta[c].Left);
-            presay[1] = unita_intere(carta[c].Top);
-            quante = 1;
-            return;
+    per_ogni_cella(tavolo, [&](Carta c) {
+        if (tipo == TipoPresa::uguale) return;
+        if (c == 0) {
+            ++vuote;
+        } else if (c % 10 == carta_giocata % 10) {
+            tipo = TipoPresa::uguale;
+            candidati[static_cast<std::size_t>(quante++)] = c;
+            maschera = 1;
         }
-
-    if (vuote == 12) {
-        if (turno == 2) carta_giocata = 0;
-        return;
-    }
+    });
+    if (tipo == TipoPresa::uguale || vuote == 12) return cercata;
 
     // The candidates of a sum: every card of a lower value, Kings excluded
     // (their number modulo 10 is 0).
-    somma = 0;
-    quante = 0;
-    for (int r = 1; r <= 3; ++r)
-        for (int k = 1; k <= 4; ++k) {
-            const Carta c = tavolo[r][k];
-            if (c == 0 || c % 10 < 1 || c % 10 > valore_giocata) continue;
-            ++quante;
-            presa[quante] = c;
-            presax[quante] = unita_intere(carta[c].Left);
-            presay[quante] = unita_intere(carta[c].Top);
-            somma = static_cast<std::int16_t>(somma + c % 10);
-        }
-
-    if (somma < valore_giocata || quante < 2) return nessuna();
-
+    per_ogni_carta(tavolo, [&](Carta c) {
+        if (c % 10 < 1 || c % 10 > valore_giocata) return;
+        candidati[static_cast<std::size_t>(quante++)] = c;
+        somma = static_cast<std::int16_t>(somma + c % 10);
+    });
+    tipo = TipoPresa::nessuna;
+    if (somma < valore_giocata || quante < 2) return cercata;
     if (quante == 2) {
-        if (somma != valore_giocata) return nessuna();
-        if (turno == 1) {
-            trovata = true;
-        } else {
-            segna(presa[1]);
-            segna(presa[2]);
+        if (somma == valore_giocata) {
+            tipo = TipoPresa::somma;
+            maschera = 3;
         }
-        return;
+        return cercata;
     }
-
-    // Too many candidates for the table of masks: the card is treated as one
-    // that takes nothing. The computer lays it without trying its other cards.
     if (quante > 8) {
-        quante = 0;
-        return;
+        tipo = TipoPresa::troppe;
+        return cercata;
     }
 
-    // The masks in ascending order: bit p-1 stands for the p-th candidate, so
-    // the subset whose last card comes earliest in scan order wins. A mask's
-    // sum is that of the mask without its lowest candidate, met earlier in
-    // the order, plus the value of that candidate.
+    // The masks in ascending order: bit p-1 stands for the p-th candidate. A
+    // mask's sum is that of the mask without its lowest candidate, met
+    // earlier in the order, plus the value of that candidate.
     std::array<int, 256> somme;
     somme[0] = 0;
     const unsigned ultima = (1u << quante) - 1;
     for (unsigned m = 1; m <= ultima; ++m) {
-        const int primo = std::countr_zero(m) + 1;
-        somme[m] = somme[m & (m - 1)] + presa[static_cast<std::size_t>(primo)] % 10;
-        if (somme[m] != valore_giocata) continue;
-
-        if (turno == 1) {
-            trovata = true;
-            return;
+        const auto primo = static_cast<std::size_t>(std::countr_zero(m));
+        somme[m] = somme[m & (m - 1)] + candidati[primo] % 10;
+        if (somme[m] == valore_giocata) {
+            tipo = TipoPresa::somma;
+            maschera = m;
+            break;
         }
-        const auto& voce = combinazioni[m];
-        for (int p = 1; p <= quante; ++p)
-            if (voce[static_cast<std::size_t>(p - 1)] != '0') segna(presa[p]);
-        // The candidates left out become holes; the count keeps them.
-        for (int p = 1; p <= quante; ++p)
-            if (carta[presa[p]].tag != Tag::SEL) presa[p] = 0;
+    }
+    return cercata;
+}
+
+void Frmlesta::combina() {
+    const PresaCercata cercata = cerca_presa(tavolo, carta_giocata, valore_giocata);
+    trovata = false;
+    singola = false;
+    vuote = cercata.vuote;
+    if (cercata.tipo == TipoPresa::vuoto) {
+        if (turno == 2) carta_giocata = 0;
         return;
     }
-    nessuna();
+    if (cercata.tipo == TipoPresa::uguale && turno == 1) {
+        trovata = true;
+        singola = true;
+        quante = 1;
+        return;
+    }
+
+    // The cards looked at become the capture list; for a sum, their count
+    // and their sum stay in the fields whatever comes of it.
+    quante = 0;
+    for (int p = 0; p < cercata.quante; ++p) metti_in_presa(*this, cercata.candidati[static_cast<std::size_t>(p)]);
+    if (cercata.tipo != TipoPresa::uguale) somma = cercata.somma;
+
+    if (cercata.tipo == TipoPresa::troppe) {
+        // The card is treated as one that takes nothing. The computer lays
+        // it without trying its other cards.
+        quante = 0;
+        return;
+    }
+    if (cercata.tipo == TipoPresa::nessuna) {
+        // The computer goes on to its next card.
+        if (turno == 2) {
+            carta_giocata = 0;
+            quante = 0;
+        }
+        return;
+    }
+    if (turno == 1) {
+        trovata = true;
+        return;
+    }
+
+    // The computer's capture: a red outline inside each card taken, and its
+    // mark. The candidates left out become holes; the count keeps them.
+    const auto& voce = combinazioni[cercata.maschera];
+    for (int p = 1; p <= quante; ++p) {
+        if (voce[static_cast<std::size_t>(p - 1)] == '0') continue;
+        const Carta c = presa[p];
+        const float x = carta[c].Left, y = carta[c].Top;
+        finestra.Box(x + 3, y + 3, x + larghezza_carta - 3, y + altezza_carta - 3, rosso);
+        carta[c].tag = Tag::SEL;
+    }
+    for (int p = 1; p <= quante; ++p)
+        if (carta[presa[p]].tag != Tag::SEL) presa[p] = 0;
 }
 
 }  // namespace lesta

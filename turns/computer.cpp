@@ -4,9 +4,12 @@
 // long as it can and the seven of coins longest. It looks at nothing else:
 // no score, no memory, no look-ahead.
 
+#include <array>
 #include <cmath>
 
 #include "match/frmlesta.h"
+#include "match/tavolo.h"
+#include "turns/passi.h"
 
 namespace lesta {
 
@@ -14,16 +17,38 @@ namespace {
 
 constexpr bool sette(Carta c) { return c % 10 == 7; }
 
+// The slot of the card thrown from the hand (0 for a played slot). Every draw
+// falls on a slot; a draw that falls on a played slot, or on a card held
+// back, is used up and the next one is taken.
+std::int16_t slot_da_gettare(const std::array<Carta, 3>& mano, Casuale& casuale) {
+    int in_mano = 0, sette_in_mano = 0;
+    for (Carta c : mano)
+        if (c != 0) {
+            ++in_mano;
+            if (sette(c)) ++sette_in_mano;
+        }
+    for (;;) {
+        const auto slot = static_cast<std::int16_t>(std::floor(static_cast<double>(casuale.Rnd()) * 3));
+        const Carta c = mano[static_cast<std::size_t>(slot)];
+        if (c == 0) continue;
+        if (in_mano == 1) return slot;
+        // Only sevens: any but the seven of coins.
+        if (sette_in_mano == in_mano) {
+            if (c != settebello_carta) return slot;
+        } else if (!sette(c)) {
+            return slot;
+        }
+    }
+}
+
 }  // namespace
 
 Task Frmlesta::gioco2() {
     // A clean table: no mark and no outline is left from the player's turn.
-    for (int r = 1; r <= 3; ++r)
-        for (int k = 1; k <= 4; ++k)
-            if (const Carta c = tavolo[r][k]; c != 0) {
-                finestra.PaintPicture(faccia(c), carta[c].Left, carta[c].Top, larghezza_carta, altezza_carta);
-                carta[c].tag = Tag::vuoto;
-            }
+    per_ogni_carta(tavolo, [this](Carta c) {
+        ridipingi(*this, c);
+        carta[c].tag = Tag::vuoto;
+    });
     co_await ritardo(2);
 
     // The first card that can capture is played. The search clears the card
@@ -43,28 +68,9 @@ Task Frmlesta::gioco2() {
         }
     }
 
-    if (!scelta) {
-        // The throw. Every draw falls on a slot; a draw that falls on a played
-        // slot, or on a card held back, is used up and the next one is taken.
-        int in_mano = 0, sette_in_mano = 0;
-        for (const auto& d : dorso)
-            if (d.tag != 0) {
-                ++in_mano;
-                if (sette(d.tag)) ++sette_in_mano;
-            }
-        for (;;) {
-            slot = static_cast<std::int16_t>(std::floor(static_cast<double>(piattaforma.casuale.Rnd()) * 3));
-            if (dorso[slot].tag == 0) continue;
-            carta_giocata = dorso[slot].tag;
-            if (in_mano == 1) break;
-            if (sette_in_mano == in_mano) {
-                // Only sevens: any but the seven of coins.
-                if (carta_giocata == settebello_carta) continue;
-                break;
-            }
-            if (sette(carta_giocata)) continue;
-            break;
-        }
+    if (!scelta) {  // none can: the throw
+        slot = slot_da_gettare({dorso[0].tag, dorso[1].tag, dorso[2].tag}, piattaforma.casuale);
+        carta_giocata = dorso[slot].tag;
         valore_giocata = static_cast<std::int16_t>(valore(carta_giocata));
         quante = 0;
         somma = 0;
@@ -72,15 +78,7 @@ Task Frmlesta::gioco2() {
 
     // The card is shown on the spot of the card in play; the capture's red
     // outlines are already on the table.
-    piattaforma.MMCw.Command("Play");
-    piattaforma.MMCw.From(0);
-    posx = dorso[slot].Left;
-    posy = dorso[slot].Top;
-    finestra.BoxFilled(posx - 1, posy - 1, posx + larghezza_carta + 1, posy + altezza_carta + 1, verde_tavolo);
-    auto& giocata = carta[carta_giocata];
-    giocata.Left = meta_larghezza + 178;
-    giocata.Top = meta_altezza - altezza_carta / 2;
-    finestra.PaintPicture(faccia(carta_giocata), giocata.Left, giocata.Top, larghezza_carta, altezza_carta);
+    porta_in_gioco(*this, dorso[slot].Left, dorso[slot].Top);
     dorso[slot].tag = 0;
     co_await ritardo(2);
 }

@@ -7,6 +7,7 @@
 
 #include "match/frmlesta.h"
 #include "match/geometria.h"
+#include "turns/passi.h"
 
 namespace lesta {
 
@@ -26,18 +27,8 @@ void carta_della_mano(Frmlesta& f, float X, float Y) {
     f.carta_giocata = f.mod.mazzo[f.posizione_mazzo + f.slot - 3];
     f.valore_giocata = static_cast<std::int16_t>(valore(f.carta_giocata));
 
-    f.piattaforma.MMCw.Command("Play");
-    f.piattaforma.MMCw.From(0);
-
     // The card leaves the hand for the spot of the card in play.
-    auto& scelta = f.carta[f.carta_giocata];
-    f.posx = scelta.Left;
-    f.posy = scelta.Top;
-    f.finestra.BoxFilled(f.posx - 1, f.posy - 1, f.posx + f.larghezza_carta + 1, f.posy + f.altezza_carta + 1,
-                         verde_tavolo);
-    scelta.Left = f.meta_larghezza + 178;
-    scelta.Top = f.meta_altezza - f.altezza_carta / 2;
-    f.finestra.PaintPicture(faccia(f.carta_giocata), scelta.Left, scelta.Top, f.larghezza_carta, f.altezza_carta);
+    porta_in_gioco(f, f.carta[f.carta_giocata].Left, f.carta[f.carta_giocata].Top);
 }
 
 // A click on a table card selects it, with a red outline, or drops it from

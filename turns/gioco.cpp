@@ -3,10 +3,13 @@
 // a new deal follows every sixth turn, and the side that captured last takes
 // what is left on the table.
 
-#include <cmath>
+#include <algorithm>
+#include <array>
 #include <string>
 
 #include "match/frmlesta.h"
+#include "match/tavolo.h"
+#include "turns/passi.h"
 
 namespace lesta {
 
@@ -34,44 +37,73 @@ void punteggio(Frmlesta& f) {
                    numero(f.mod.punti_giocatore) + std::string(14, ' ') + numero(f.mod.punti_computer), bianco);
 }
 
+// A new hand: nothing taken, played or swept yet, the turn lights beside
+// the hands, and the running score of a match from its second hand on.
+void apri_mano(Frmlesta& f) {
+    f.prese.fill(0);
+    f.giocate.fill(0);
+    for (auto luce : {Verde(0), Rosso(0)}) f.Move(luce, 620, 600 - f.altezza_carta / 2 - 32);
+    for (auto luce : {Verde(1), Rosso(1)}) f.Move(luce, 620, f.altezza_carta / 2);
+    f.mosse = 0;
+    f.mod.numdenari = 0;
+    f.mod.numcarte = 0;
+    f.mod.leste[1] = 0;
+    f.mod.leste[2] = 0;
+    if (f.mod.tipo_partita != 0 && f.mod.partite >= 2) {
+        punteggio(f);
+    } else {
+        f.mod.punti_giocatore = 0;
+        f.mod.punti_computer = 0;
+    }
+    if (f.canzone != 0) f.Quadro_Song();
+}
+
+// A side's turn begins with the turn's fields cleared and its green light,
+// and the other side's red, in front.
+void inizio_turno(Frmlesta& f, int lato) {
+    f.turno = static_cast<std::int16_t>(lato);
+    f.carta_giocata = 0;
+    f.valore_giocata = 0;
+    f.quante = 0;
+    f.somma = 0;
+    f.ZOrder(Verde(lato - 1));
+    f.ZOrder(Rosso(2 - lato));
+}
+
+// Both piles for the score, from the cards the player took: the player's
+// ascending in 1..numcarte, then the computer's, which are all the others.
+struct Pile {
+    std::array<Carta, 41> carte{};
+    std::int16_t numcarte = 0;
+    std::int16_t numdenari = 0;
+    bool settebello = falso;
+};
+
+Pile elenca_pile(const std::array<std::int16_t, 41>& prese) {
+    Pile pile;
+    for (Carta c = 1; c <= 40; ++c) {
+        if (prese[c] == 0) continue;
+        pile.carte[++pile.numcarte] = c;
+        if (denaro(c)) ++pile.numdenari;
+        if (c == settebello_carta) pile.settebello = vero;
+    }
+    int k = 0;
+    for (Carta c = 1; c <= 40; ++c)
+        if (prese[c] == 0) pile.carte[pile.numcarte + ++k] = c;
+    return pile;
+}
+
 }  // namespace
 
 Task Frmlesta::gioco() {
-    prese.fill(0);
-    giocate.fill(0);
-    for (auto luce : {Verde(0), Rosso(0)}) Move(luce, 620, 600 - altezza_carta / 2 - 32);
-    for (auto luce : {Verde(1), Rosso(1)}) Move(luce, 620, altezza_carta / 2);
-    mosse = 0;
-    mod.numdenari = 0;
-    mod.numcarte = 0;
-    mod.leste[1] = 0;
-    mod.leste[2] = 0;
-    // Every hand of a match but the first shows the running score.
-    if (mod.tipo_partita != 0 && mod.partite >= 2) {
-        punteggio(*this);
-    } else {
-        mod.punti_giocatore = 0;
-        mod.punti_computer = 0;
-    }
-    if (canzone != 0) Quadro_Song();
+    apri_mano(*this);
 
     // The side that did not deal leads each deal, so the dealer plays the
     // sixth card of each.
     const int primo = mod.mazziere == 1 ? 2 : 1;
     int lato = primo;
-    // A side's turn begins with the turn's fields cleared and its green light,
-    // and the other side's red, in front.
-    auto inizio_turno = [this](int lato_di_turno) {
-        turno = static_cast<std::int16_t>(lato_di_turno);
-        carta_giocata = 0;
-        valore_giocata = 0;
-        quante = 0;
-        somma = 0;
-        ZOrder(Verde(lato_di_turno - 1));
-        ZOrder(Rosso(2 - lato_di_turno));
-    };
     for (;;) {
-        inizio_turno(lato);
+        inizio_turno(*this, lato);
         if (lato == 1) {
             co_await gioco1();
             co_await verifica();
@@ -105,32 +137,16 @@ Task Frmlesta::gioco() {
     // the other side played after that capture. It is no sweep: the count of
     // the deck and the moves is 28 now.
     quante = 0;
-    for (int r = 1; r <= 3; ++r)
-        for (int k = 1; k <= 4; ++k)
-            if (const Carta c = tavolo[r][k]; c != 0) {
-                ++quante;
-                presa[quante] = c;
-                presax[quante] = unita_intere(carta[c].Left);
-                presay[quante] = unita_intere(carta[c].Top);
-            }
+    per_ogni_carta(tavolo, [this](Carta c) { metti_in_presa(*this, c); });
     turno = ultima_presa;
     if (vuote != 12) co_await muovicarte();
 
-    // Both piles for the score: the player's cards ascending, then the
-    // computer's, which are all the others.
-    auto& carte = mod.carte;
-    mod.settebello = falso;
-    mod.numcarte = 0;
-    for (Carta c = 1; c <= 40; ++c)
-        if (prese[c] != 0) carte[++mod.numcarte] = c;
-    for (int i = 1; i <= mod.numcarte; ++i) {
-        if (carte[i] < 11) ++mod.numdenari;
-        if (carte[i] == settebello_carta) mod.settebello = vero;
-    }
-    int k = 0;
-    for (Carta c = 1; c <= 40; ++c)
-        if (prese[c] == 0) carte[mod.numcarte + ++k] = c;
-
+    // Both piles for the score, and the primiera of each.
+    const Pile pile = elenca_pile(prese);
+    std::copy(pile.carte.begin() + 1, pile.carte.end(), mod.carte.begin() + 1);
+    mod.numcarte = pile.numcarte;
+    mod.numdenari = pile.numdenari;
+    mod.settebello = pile.settebello;
     calcsettanta();
     // The table stays on view a moment before the score sheet comes up.
     co_await ritardo(5);

@@ -3,46 +3,127 @@
 // card is animated, every other move is a jump after a pause.
 
 #include <cmath>
+#include <tuple>
+#include <utility>
 
 #include "match/frmlesta.h"
 #include "match/geometria.h"
+#include "match/tavolo.h"
 
 namespace lesta {
 
 namespace {
 
-bool tavolo_pieno(const std::array<std::array<Carta, 5>, 4>& tavolo) {
-    for (int r = 1; r <= 3; ++r)
-        for (int k = 1; k <= 4; ++k)
-            if (tavolo[r][k] == 0) return false;
-    return true;
+// ---- the bookkeeping ----
+
+bool tavolo_pieno(const Tavolo& tavolo) {
+    bool pieno = true;
+    per_ogni_cella(tavolo, [&pieno](Carta c) { pieno = pieno && c != 0; });
+    return pieno;
+}
+
+// The cell of a laid card, drawn at random among the empty ones: a row and
+// then a column is drawn, and a taken cell costs both draws again.
+std::pair<float, float> cella_a_caso(const Tavolo& tavolo, Casuale& casuale) {
+    float riga = 0, colonna = 0;
+    do {
+        riga = static_cast<float>(std::floor(static_cast<double>(casuale.Rnd()) * 3 + 1));
+        colonna = static_cast<float>(std::floor(static_cast<double>(casuale.Rnd()) * 4 + 1));
+    } while (tavolo[static_cast<std::size_t>(riga)][static_cast<std::size_t>(colonna)] != 0);
+    return {riga, colonna};
+}
+
+// The captured cards, those marked, leave the grid; the others keep their
+// cells. The empty cells are counted after.
+std::uint8_t togli_le_prese(Tavolo& tavolo, std::array<CartaControllo, 41>& carta) {
+    std::uint8_t vuote = 0;
+    per_ogni_cella(tavolo, [&](Carta& cella) {
+        if (cella != 0 && carta[cella].tag == Tag::SEL) {
+            carta[cella].tag = Tag::vuoto;
+            cella = 0;
+        }
+        if (cella == 0) ++vuote;
+    });
+    return vuote;
+}
+
+// The player's pile: the played card and the cards of the capture list.
+void conta_le_prese(std::array<std::int16_t, 41>& prese, Carta giocata, const std::array<Carta, 13>& presa,
+                    int quante) {
+    prese[giocata] = 1;
+    for (int i = 1; i <= quante; ++i)
+        if (presa[i] != 0) prese[presa[i]] = 1;
+}
+
+// ---- the motion ----
+
+// The played card from the spot (posx, posy) to its cell on the table.
+void dipingi_posata(Frmlesta& f) {
+    auto& posata = f.carta[f.carta_giocata];
+    posata.Left = sinistra_cella(f.colonna, f.tavolox, f.larghezza_carta);
+    posata.Top = alto_cella(f.riga, f.tavoloy, f.altezza_carta);
+    f.finestra.PaintPicture(faccia(f.carta_giocata), posata.Left, posata.Top, f.larghezza_carta, f.altezza_carta);
+    f.finestra.BoxFilled(f.posx - 1, f.posy - 1, f.posx + f.larghezza_carta + 1, f.posy + f.altezza_carta + 1,
+                         verde_tavolo);
+}
+
+// Entry i of the capture list rises onto the stack above the played card,
+// 0.3 of a card height per entry; a hole leaves a gap.
+void sale(Frmlesta& f, int i) {
+    const Carta c = f.presa[i];
+    if (c == 0) return;
+    f.finestra.BoxFilled(f.presax[i] - 1, f.presay[i] - 1, f.presax[i] + f.larghezza_carta + 1,
+                         f.presay[i] + f.altezza_carta + 1, verde_tavolo);
+    f.carta[c].Left = f.posx;
+    f.carta[c].Top = static_cast<float>(f.posy - i * 0.3 * f.altezza_carta);
+    f.finestra.PaintPicture(faccia(c), f.carta[c].Left, f.carta[c].Top, f.larghezza_carta, f.altezza_carta);
+}
+
+// One step of the slide: the top card 2 units lower, at t + 1, and the stack
+// wiped above it.
+void scende(Frmlesta& f, Carta cima, std::int32_t t) {
+    f.finestra.PaintPicture(faccia(cima), f.posx, static_cast<float>(t + 1), f.larghezza_carta, f.altezza_carta);
+    f.finestra.BoxFilled(f.posx - 1, static_cast<float>(t - 3), f.posx + f.larghezza_carta + 1, static_cast<float>(t),
+                         verde_tavolo);
+}
+
+// The stack turned over on the spot of the played card.
+void capovolgi(Frmlesta& f) {
+    f.finestra.PaintPicture(Figura::Dorso, f.posx, f.posy + 2, f.larghezza_carta, f.altezza_carta);
+}
+
+// The stack carried to the pile of the side on turn, and the lamp beside
+// the pile lit.
+void in_pila(Frmlesta& f) {
+    f.finestra.BoxFilled(f.posx - 1, f.posy - 1, f.posx + f.larghezza_carta + 1, f.posy + f.altezza_carta + 3,
+                         verde_tavolo);
+    const auto pila = static_cast<float>(f.pilay[f.turno]);
+    f.finestra.PaintPicture(Figura::Dorso, 100, pila, f.larghezza_carta, f.altezza_carta);
+    const Rett& led = f.rett(Controllo::Led);
+    f.Move(Controllo::Led, 100 - led.width - 6, pila + f.altezza_carta / 2 - led.height / 2);
+    f.Visible(Controllo::Led, true);
+}
+
+// A sweep's marker is the card that made it, painted beside the pile, each
+// further one 25 units nearer the middle of the window.
+void segno_della_lesta(Frmlesta& f) {
+    f.posx = f.larghezza_carta + 100;
+    const int verso = f.turno == 1 ? -1 : 1;
+    f.posy = static_cast<float>(f.pilay[f.turno] + verso * (f.mod.leste[f.turno] - 1) * 25);
+    f.finestra.PaintPicture(faccia(f.carta_giocata), f.posx, f.posy, f.larghezza_carta, f.altezza_carta);
 }
 
 }  // namespace
 
 Task Frmlesta::muovicarte() {
-    auto& casuale = piattaforma.casuale;
-    auto cancella = [this](float basso) {
-        finestra.BoxFilled(posx - 1, posy - 1, posx + larghezza_carta + 1, posy + altezza_carta + basso, verde_tavolo);
-    };
-
     posx = carta[carta_giocata].Left;
     posy = carta[carta_giocata].Top;
 
     if (quante == 0 && !tavolo_pieno(tavolo)) {
-        // Laid on a random empty cell: a row and then a column is drawn, and
-        // a taken cell costs both draws again.
-        do {
-            riga = static_cast<float>(std::floor(static_cast<double>(casuale.Rnd()) * 3 + 1));
-            colonna = static_cast<float>(std::floor(static_cast<double>(casuale.Rnd()) * 4 + 1));
-        } while (tavolo[static_cast<std::size_t>(riga)][static_cast<std::size_t>(colonna)] != 0);
-        auto& posata = carta[carta_giocata];
-        posata.Left = sinistra_cella(colonna, tavolox, larghezza_carta);
-        posata.Top = alto_cella(riga, tavoloy, altezza_carta);
-        finestra.PaintPicture(faccia(carta_giocata), posata.Left, posata.Top, larghezza_carta, altezza_carta);
-        cancella(1);
+        std::tie(riga, colonna) = cella_a_caso(tavolo, piattaforma.casuale);
+        dipingi_posata(*this);
         tavolo[static_cast<std::size_t>(riga)][static_cast<std::size_t>(colonna)] = carta_giocata;
-        posata.tag = Tag::vuoto;
+        carta[carta_giocata].tag = Tag::vuoto;
     } else {
         // A thirteenth card (nothing to take, and all twelve cells taken) has
         // no room on the table: it stays with the side that played it and
@@ -50,79 +131,41 @@ Task Frmlesta::muovicarte() {
         // takes nothing from the table, so the last capture stays where it
         // was; and a full table cannot be swept.
         if (quante != 0) {
-            // The captured cards rise in a stack above the played card, 0.3
-            // of a card height per entry of the list; a hole leaves a gap.
+            // The captured cards rise one by one; the top card slides down
+            // onto the played card, a step a frame whatever the game's speed.
             for (int i = 1; i <= quante; ++i) {
                 co_await ritardo(1);
-                const Carta c = presa[i];
-                if (c == 0) continue;
-                finestra.BoxFilled(presax[i] - 1, presay[i] - 1, presax[i] + larghezza_carta + 1,
-                                   presay[i] + altezza_carta + 1, verde_tavolo);
-                carta[c].Left = posx;
-                carta[c].Top = static_cast<float>(posy - i * 0.3 * altezza_carta);
-                finestra.PaintPicture(faccia(c), carta[c].Left, carta[c].Top, larghezza_carta, altezza_carta);
+                sale(*this, i);
             }
             co_await ritardo(2);
             ultima_presa = turno;
-
-            // The top card slides down onto the played card in steps of 2,
-            // wiping the stack as it goes; the steps follow the frames, not
-            // the game's speed.
+            // The holes at the end of the list go: its last card tops the stack.
             while (presa[quante] == 0) --quante;
             const Carta cima = presa[quante];
             auto t = std::int32_t{unita_intere(carta[cima].Top)};
             while (finestra.conserva() && static_cast<float>(t) < posy) {
                 t += 2;
                 co_await un_frame(piattaforma.orologio);
-                finestra.PaintPicture(faccia(cima), posx, static_cast<float>(t + 1), larghezza_carta, altezza_carta);
-                finestra.BoxFilled(posx - 1, static_cast<float>(t - 3), posx + larghezza_carta + 1,
-                                   static_cast<float>(t), verde_tavolo);
+                scende(*this, cima, t);
             }
         }
-
-        // The stack is turned over, carried to the pile of the side on turn,
-        // and the lamp beside the pile lights for a moment.
+        // The stack is turned over and carried to its pile, where the lamp
+        // lights for a moment.
         co_await ritardo(1);
-        finestra.PaintPicture(Figura::Dorso, posx, posy + 2, larghezza_carta, altezza_carta);
+        capovolgi(*this);
         co_await ritardo(2);
-        cancella(3);
-        const auto pila = static_cast<float>(pilay[turno]);
-        finestra.PaintPicture(Figura::Dorso, 100, pila, larghezza_carta, altezza_carta);
-        const Rett& led = rett(Controllo::Led);
-        Move(Controllo::Led, 100 - led.width - 6, pila + altezza_carta / 2 - led.height / 2);
-        Visible(Controllo::Led, true);
+        in_pila(*this);
         co_await ritardo(2);
         Visible(Controllo::Led, false);
-
         // Only now, with the stack on the pile, are the player's cards counted.
-        if (turno == 1) {
-            prese[carta_giocata] = 1;
-            for (int i = 1; i <= quante; ++i)
-                if (presa[i] != 0) prese[presa[i]] = 1;
-        }
+        if (turno == 1) conta_le_prese(prese, carta_giocata, presa, quante);
     }
 
-    // The captured cards leave the grid; the others keep their cells.
-    vuote = 0;
-    for (int r = 1; r <= 3; ++r)
-        for (int k = 1; k <= 4; ++k) {
-            auto& cella = tavolo[r][k];
-            if (cella != 0 && carta[cella].tag == Tag::SEL) {
-                carta[cella].tag = Tag::vuoto;
-                cella = 0;
-            }
-            if (cella == 0) ++vuote;
-        }
-
-    // A sweep, except with the last card of the hand. Its marker is the card
-    // that made it, painted beside the pile, each further one 25 units nearer
-    // the middle of the window.
+    vuote = togli_le_prese(tavolo, carta);
+    // A sweep, except with the last card of the hand.
     if (vuote == 12 && posizione_mazzo + mosse != 28) {
         ++mod.leste[turno];
-        posx = larghezza_carta + 100;
-        const int verso = turno == 1 ? -1 : 1;
-        posy = static_cast<float>(pilay[turno] + verso * (mod.leste[turno] - 1) * 25);
-        finestra.PaintPicture(faccia(carta_giocata), posx, posy, larghezza_carta, altezza_carta);
+        segno_della_lesta(*this);
     }
 
     if (osservatore != nullptr) osservatore->mossa_eseguita(*this);

@@ -1,8 +1,9 @@
 // The player's capture: once the played card is known to take something, the
 // turn waits until the cards marked on the table make a legal capture.
 
-
 #include "match/frmlesta.h"
+#include "match/tavolo.h"
+#include "turns/passi.h"
 
 namespace lesta {
 
@@ -12,10 +13,7 @@ Task Frmlesta::verifica() {
     if (!trovata) {
         // Nothing to take: the card will be laid. Painting the table cards
         // again wipes any outline left on them.
-        for (int r = 1; r <= 3; ++r)
-            for (int k = 1; k <= 4; ++k)
-                if (const Carta c = tavolo[r][k]; c != 0)
-                    finestra.PaintPicture(faccia(c), carta[c].Left, carta[c].Top, larghezza_carta, altezza_carta);
+        per_ogni_carta(tavolo, [this](Carta c) { ridipingi(*this, c); });
         quante = 0;
         somma = 0;
     } else {
@@ -32,15 +30,9 @@ Task Frmlesta::verifica() {
         // of the table for a count that changed during the wait.
         auto selezione_valida = [this] {
             quante = 0;
-            for (int r = 1; r <= 3; ++r)
-                for (int k = 1; k <= 4; ++k) {
-                    const Carta c = tavolo[r][k];
-                    if (c == 0 || carta[c].tag != Tag::SEL) continue;
-                    ++quante;
-                    presa[quante] = c;
-                    presax[quante] = unita_intere(carta[c].Left);
-                    presay[quante] = unita_intere(carta[c].Top);
-                }
+            per_ogni_carta(tavolo, [this](Carta c) {
+                if (carta[c].tag == Tag::SEL) metti_in_presa(*this, c);
+            });
             modo = Modo::selezione;
             somma = 0;
             for (int i = 1; i <= quante; ++i) somma = static_cast<std::int16_t>(somma + valore(presa[i]));

@@ -1,0 +1,37 @@
+#pragma once
+// Steps that several turns take alike.
+
+#include "match/frmlesta.h"
+
+namespace lesta {
+
+// A table card joins the capture list, with the place it stands at in whole
+// units.
+inline void metti_in_presa(Frmlesta& f, Carta c) {
+    ++f.quante;
+    f.presa[f.quante] = c;
+    f.presax[f.quante] = unita_intere(f.carta[c].Left);
+    f.presay[f.quante] = unita_intere(f.carta[c].Top);
+}
+
+// A card painted again where it stands: its face without any outline.
+inline void ridipingi(Frmlesta& f, Carta c) {
+    f.finestra.PaintPicture(faccia(c), f.carta[c].Left, f.carta[c].Top, f.larghezza_carta, f.altezza_carta);
+}
+
+// The card in play, with its sound, leaves its hand place at (x, y), which is
+// wiped to the table, for the spot of the card in play right of the grid.
+inline void porta_in_gioco(Frmlesta& f, float x, float y) {
+    f.piattaforma.MMCw.Command("Play");
+    f.piattaforma.MMCw.From(0);
+    f.posx = x;
+    f.posy = y;
+    f.finestra.BoxFilled(f.posx - 1, f.posy - 1, f.posx + f.larghezza_carta + 1, f.posy + f.altezza_carta + 1,
+                         verde_tavolo);
+    auto& giocata = f.carta[f.carta_giocata];
+    giocata.Left = f.meta_larghezza + 178;
+    giocata.Top = f.meta_altezza - f.altezza_carta / 2;
+    f.finestra.PaintPicture(faccia(f.carta_giocata), giocata.Left, giocata.Top, f.larghezza_carta, f.altezza_carta);
+}
+
+}  // namespace lesta

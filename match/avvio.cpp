@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "match/frmlesta.h"
+#include "match/geometria.h"
 
 namespace lesta {
 
@@ -71,10 +72,11 @@ Task Frmlesta::Form_Activate() {
         co_await pannello_inizio();
     }
 
-    larghezza_carta = scala * carta_iniziale.width;
-    altezza_carta = scala * carta_iniziale.height;
-    tavolox = meta_larghezza - 2 * larghezza_carta - 9;
-    tavoloy = meta_altezza - 1.5f * altezza_carta - 6;
+    const Misure misure = misure_a_scala(scala, meta_larghezza, meta_altezza);
+    larghezza_carta = misure.larghezza_carta;
+    altezza_carta = misure.altezza_carta;
+    tavolox = misure.tavolox;
+    tavoloy = misure.tavoloy;
 
     Mescola();
     daicarte();

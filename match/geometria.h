@@ -1,11 +1,13 @@
 #pragma once
-// Where the hands and the table's cells stand, where a click picks a hand
-// card, and which point of the table each key of the keyboard stands for.
-// The dealing paints from here, the player's click is judged from here, and
-// the settings check a card scale against both.
+// The table's geometry, in logical units: the card size, the grid of the
+// table and its cells, the hands, the spot of the card in play, where a click
+// picks a hand card or a cell, and which point each key stands for. The
+// start of a hand, the dealing, the moves and the player's clicks all take
+// their places from here, and the settings check a card scale against them.
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -18,11 +20,29 @@ namespace lesta {
 constexpr float larghezza_a_scala(float scala) { return scala * carta_iniziale.width; }
 constexpr float altezza_a_scala(float scala) { return scala * carta_iniziale.height; }
 
-// Left of hand slot i (0..2), the same for both rows: three cards centred on
-// the middle of the window with a gap of 6 between them.
-constexpr float sinistra_mano(int i, float larghezza_carta, float meta_larghezza = 400) {
-    return meta_larghezza - 1.5f * larghezza_carta - 6 + static_cast<float>(i) * (larghezza_carta + 6);
+// The gap between two cards, across and down, on the table and in the hands.
+inline constexpr float spazio_carte = 6;
+
+// The card size at a scale and the top left corner of the table's grid,
+// which centres the grid of 4 by 3 cards on the middle of the window.
+struct Misure {
+    float larghezza_carta, altezza_carta, tavolox, tavoloy;
+};
+constexpr Misure misure_a_scala(float scala, float meta_larghezza, float meta_altezza) {
+    const float larghezza = larghezza_a_scala(scala), altezza = altezza_a_scala(scala);
+    return {larghezza, altezza, meta_larghezza - 2 * larghezza - 9, meta_altezza - 1.5f * altezza - 6};
 }
+
+// Left of hand slot i (0..2), the same for both rows: three cards centred on
+// the middle of the window with a gap between them.
+constexpr float sinistra_mano(int i, float larghezza_carta, float meta_larghezza = 400) {
+    return meta_larghezza - 1.5f * larghezza_carta - 6 + static_cast<float>(i) * (larghezza_carta + spazio_carte);
+}
+
+// The spot of the card in play, for both sides: right of the grid, level
+// with its middle row.
+constexpr float sinistra_in_gioco(float meta_larghezza) { return meta_larghezza + 178; }
+constexpr float alto_in_gioco(float meta_altezza, float altezza_carta) { return meta_altezza - altezza_carta / 2; }
 // Top of the player's row, 5 above the bottom edge; the computer's row stands
 // at 5 from the top.
 constexpr float alto_mano_giocatore(float altezza_carta) { return 595 - altezza_carta; }
@@ -31,10 +51,18 @@ inline constexpr float alto_mano_computer = 5;
 // Left of table column c (1..4) and top of table row r (1..3): from the
 // grid's top left corner, a card and a gap of 6 a step.
 constexpr float sinistra_cella(float colonna, float tavolox, float larghezza_carta) {
-    return tavolox + (colonna - 1) * (larghezza_carta + 6);
+    return tavolox + (colonna - 1) * (larghezza_carta + spazio_carte);
 }
 constexpr float alto_cella(float riga, float tavoloy, float altezza_carta) {
-    return tavoloy + (riga - 1) * (altezza_carta + 6);
+    return tavoloy + (riga - 1) * (altezza_carta + spazio_carte);
+}
+// The row or column of the grid that a point falls in, counted from 1; it
+// may lie off the grid, below 1 or above 3 and 4.
+inline float riga_del_punto(float Y, float tavoloy, float altezza_carta) {
+    return std::floor((Y - tavoloy) / (altezza_carta + spazio_carte)) + 1;
+}
+inline float colonna_del_punto(float X, float tavolox, float larghezza_carta) {
+    return std::floor((X - tavolox) / (larghezza_carta + spazio_carte)) + 1;
 }
 
 // A point of the table, in logical units.

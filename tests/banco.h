@@ -19,6 +19,7 @@
 #include "headless/finestre.h"
 #include "headless/orologio_virtuale.h"
 #include "match/frmlesta.h"
+#include "match/geometria.h"
 #include "sound/media.h"
 
 namespace lesta::prova {
@@ -102,10 +103,11 @@ struct Banco {
     void prepara_carte(float scala) {
         frm.Trova_Combinazioni();
         frm.scala = scala;
-        frm.larghezza_carta = scala * carta_iniziale.width;
-        frm.altezza_carta = scala * carta_iniziale.height;
-        frm.tavolox = frm.meta_larghezza - 2 * frm.larghezza_carta - 9;
-        frm.tavoloy = frm.meta_altezza - 1.5f * frm.altezza_carta - 6;
+        const Misure misure = misure_a_scala(scala, frm.meta_larghezza, frm.meta_altezza);
+        frm.larghezza_carta = misure.larghezza_carta;
+        frm.altezza_carta = misure.altezza_carta;
+        frm.tavolox = misure.tavolox;
+        frm.tavoloy = misure.tavoloy;
     }
     // The window cleared to the table colour, and the game told so.
     void tavolo_verde() {
@@ -113,8 +115,8 @@ struct Banco {
         finestra.BackColor(verde_tavolo);
     }
 
-    float cella_x(int k) const { return frm.tavolox + static_cast<float>(k - 1) * (frm.larghezza_carta + 6); }
-    float cella_y(int r) const { return frm.tavoloy + static_cast<float>(r - 1) * (frm.altezza_carta + 6); }
+    float cella_x(int k) const { return sinistra_cella(static_cast<float>(k), frm.tavolox, frm.larghezza_carta); }
+    float cella_y(int r) const { return alto_cella(static_cast<float>(r), frm.tavoloy, frm.altezza_carta); }
     // Lays the cards in their cells, painted, unmarked.
     void tavolo(const Griglia& g) {
         for (int i = 0; i < 12; ++i) {

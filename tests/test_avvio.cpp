@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "banco.h"
+#include "match/geometria.h"
 
 namespace lesta {
 namespace {
@@ -113,7 +114,7 @@ TEST(Avvio, TheFirstFourCardsLieInTheMiddleRowAndTheDeckOnTheDealersSide) {
         const Carta n = b.mod.mazzo[c];
         EXPECT_EQ(b.frm.tavolo[2][c], n);
         const auto& holder = b.frm.carta[n];
-        EXPECT_FLOAT_EQ(holder.Left, b.frm.tavolox + static_cast<float>(c - 1) * (b.frm.larghezza_carta + 6));
+        EXPECT_FLOAT_EQ(holder.Left, sinistra_cella(static_cast<float>(c), b.frm.tavolox, b.frm.larghezza_carta));
         EXPECT_FLOAT_EQ(holder.Top, 300 - b.frm.altezza_carta / 2);
         EXPECT_EQ(b.finestra.figura_a(holder.Left + 20, holder.Top + 20), n);
     }

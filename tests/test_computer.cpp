@@ -46,8 +46,8 @@ struct Banco : prova::Banco<FinestraRaster> {
         frm.turno = static_cast<std::int16_t>(turno);
         frm.carta_giocata = c;
         auto& g = frm.carta[c];
-        g.Left = frm.meta_larghezza + 178;
-        g.Top = frm.meta_altezza - frm.altezza_carta / 2;
+        g.Left = sinistra_in_gioco(frm.meta_larghezza);
+        g.Top = alto_in_gioco(frm.meta_altezza, frm.altezza_carta);
         finestra.PaintPicture(faccia(c), g.Left, g.Top, frm.larghezza_carta, frm.altezza_carta);
         frm.quante = 0;
         for (Carta p : prese) {

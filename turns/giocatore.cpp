@@ -34,8 +34,8 @@ void carta_della_mano(Frmlesta& f, float X, float Y) {
 // A click on a table card selects it, with a red outline, or drops it from
 // the selection. No rule applies here: the turn's check judges the marks.
 void carta_del_tavolo(Frmlesta& f, float X, float Y) {
-    f.riga = std::floor((Y - f.tavoloy) / (f.altezza_carta + 6)) + 1;
-    f.colonna = std::floor((X - f.tavolox) / (f.larghezza_carta + 6)) + 1;
+    f.riga = riga_del_punto(Y, f.tavoloy, f.altezza_carta);
+    f.colonna = colonna_del_punto(X, f.tavolox, f.larghezza_carta);
     if (f.riga < 1 || f.riga > 3 || f.colonna < 1 || f.colonna > 4) return;
 
     const Carta c = f.tavolo[static_cast<std::size_t>(f.riga)][static_cast<std::size_t>(f.colonna)];

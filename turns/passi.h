@@ -2,6 +2,7 @@
 // Steps that several turns take alike.
 
 #include "match/frmlesta.h"
+#include "match/geometria.h"
 
 namespace lesta {
 
@@ -29,8 +30,8 @@ inline void porta_in_gioco(Frmlesta& f, float x, float y) {
     f.finestra.BoxFilled(f.posx - 1, f.posy - 1, f.posx + f.larghezza_carta + 1, f.posy + f.altezza_carta + 1,
                          verde_tavolo);
     auto& giocata = f.carta[f.carta_giocata];
-    giocata.Left = f.meta_larghezza + 178;
-    giocata.Top = f.meta_altezza - f.altezza_carta / 2;
+    giocata.Left = sinistra_in_gioco(f.meta_larghezza);
+    giocata.Top = alto_in_gioco(f.meta_altezza, f.altezza_carta);
     f.finestra.PaintPicture(faccia(f.carta_giocata), giocata.Left, giocata.Top, f.larghezza_carta, f.altezza_carta);
 }
 

@@ -20,7 +20,7 @@ void PunteggioSenzaSchermo::etichetta_distrutta(int indice) {
     if (LBLdat.erase(indice) != 0) ++distrutte;
 }
 
-void PunteggioSenzaSchermo::imgset_cambiata(int indice, const Immagine& im) {
+void PunteggioSenzaSchermo::imgset_cambiata(int indice, const Imgset& im) {
     if (indice >= 1 && indice <= 8) imgset[static_cast<std::size_t>(indice)] = im;
 }
 

@@ -34,7 +34,7 @@ public:
     // ---- the controls ----
     void etichetta_cambiata(QualeEtichetta quale, const Etichetta& e) override;
     void etichetta_distrutta(int indice) override;
-    void imgset_cambiata(int indice, const Immagine& im) override;
+    void imgset_cambiata(int indice, const Imgset& im) override;
     void bottone_cambiato(int indice, const Bottone& b, std::string_view caption) override;
 
     float Width() const override { return larghezza; }
@@ -50,7 +50,7 @@ public:
     Etichetta LBLtit;
     std::map<int, Etichetta> LBLdat;
     std::array<Etichetta, 2> lblTot{};
-    std::array<Immagine, 9> imgset{};       // 1..8
+    std::array<Imgset, 9> imgset{};       // 1..8
     std::array<Bottone, 3> bottoni{};       // 1..2
     std::array<std::string, 3> captions{};  // of Command1 and Command2
     int distrutte = 0;                      // labels destroyed

@@ -5,6 +5,8 @@
 
 #include "match/frmlesta.h"
 #include "match/geometria.h"
+#include "table/sipario.h"
+#include "turns/ritardo.h"
 
 namespace lesta {
 

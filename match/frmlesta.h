@@ -120,7 +120,8 @@ public:
     Task pannello_inizio();
     void Mescola();
     // The timed pause, `co_await ritardo(unita)`: Timer2 runs for the
-    // length of the pause, and the routine goes on when it has fired.
+    // length of the pause, and the routine goes on when it has fired
+    // (turns/ritardo.h).
     class Pausa;
     Pausa ritardo(float unita);
     // The capture search: the table of subset masks, built once at load, and
@@ -235,35 +236,5 @@ private:
     void spunta_velocita_gioco(int indice, bool spuntata);
     int ultimo_z_ = 0;
 };
-
-class Frmlesta::Pausa final : public Risveglio {
-public:
-    Pausa(Frmlesta& f, int intervallo_ms) : f_(f), intervallo_(intervallo_ms) {}
-    bool pronto() const override { return f_.scattato; }
-    bool await_ready() {
-        f_.scattato = false;
-        Orologio& orologio = f_.piattaforma.orologio;
-        if (orologio.pausa_immediata(intervallo_) && f_.scattato) return true;
-        orologio.Timer2(intervallo_, true);
-        acceso_ = true;
-        return false;
-    }
-    bool await_suspend(std::coroutine_handle<> h) {
-        chi = h;
-        return f_.piattaforma.orologio.sospendi(*this);
-    }
-    void await_resume() {
-        if (acceso_) f_.piattaforma.orologio.Timer2(intervallo_, false);
-    }
-
-private:
-    Frmlesta& f_;
-    int intervallo_;
-    bool acceso_ = false;  // Timer2 was started and must be stopped
-};
-
-// The wipe of a window: lines from the left fill the upper half while lines
-// from the right fill the lower half; the colour stays as the window's ground.
-void sipario(Superficie& finestra, Colore colore);
 
 }  // namespace lesta

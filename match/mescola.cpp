@@ -2,6 +2,7 @@
 
 #include "match/frmlesta.h"
 #include "match/geometria.h"
+#include "table/sipario.h"
 
 namespace lesta {
 

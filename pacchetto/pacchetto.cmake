@@ -81,7 +81,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # dpkg-shlibdeps cannot see them: they are named here.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "libsdl2-2.0-0 (>= 2.0.16), libsdl2-mixer-2.0-0 (>= 2.6.0), libfluidsynth3")
 # The songs sound with a General MIDI soundfont (see font_gm_di_sistema in
-# sound/media_sdl.cpp): the small TimGM6mb first, which keeps the game's
+# sound/sdl/media_sdl.cpp): the small TimGM6mb first, which keeps the game's
 # memory low, else any GM font behind Debian's default-GM alternative.
 # Recommended, not required: without one the game plays in full and only the
 # music is silent; apt installs it by default all the same.

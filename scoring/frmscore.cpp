@@ -9,6 +9,7 @@
 
 #include "match/frmlesta.h"
 #include "scoring/settanta.h"
+#include "table/sipario.h"
 
 namespace lesta {
 
@@ -98,7 +99,7 @@ void Frmscore::Form_Load() {
     LBLdat[2] = Etichetta{{432, 45, 348, 30}, "", azzurro, nero, 12, false, true};
     lblTot[0] = Etichetta{{20, 107, 348, altezza_totale}, "", arancio_chiaro, bianco, 12, true, true};
     lblTot[1] = Etichetta{{432, 107, 348, altezza_totale}, "", arancio_chiaro, bianco, 12, true, true};
-    for (int i = 1; i <= 8; ++i) imgset[i] = Immagine{{sinistra_imgset(i), 5, larghezza_imgset, altezza_imgset}, 0, true};
+    for (int i = 1; i <= 8; ++i) imgset[i] = Imgset{{sinistra_imgset(i), 5, larghezza_imgset, altezza_imgset}, 0, true};
     Command1 = Bottone{{125, 520, 150, 30}, true};
     Command2 = Bottone{{525, 520, 150, 30}, true};
     attende_scelta = false;
@@ -234,7 +235,7 @@ void Frmscore::mostrasettanta() {
     for (int i = 1; i <= 8; ++i) {
         const int lato = i <= 4 ? 1 : 2;
         const int u = i <= 4 ? i : i - 4;
-        Immagine& im = imgset[i];
+        Imgset& im = imgset[i];
         im.r.left = sinistra_imgset(i);
         im.r.top = 5;
         // A suit that the side does not hold leaves its place empty.

@@ -57,9 +57,9 @@ struct Etichetta {
     bool Visible = false;
 };
 
-// An image of the title strip: a card's face stretched to its rectangle, or
-// nothing while `carta` is 0.
-struct Immagine {
+// One of the eight images of the title strip (the control array imgset): a
+// card's face stretched to its rectangle, or nothing while `carta` is 0.
+struct Imgset {
     Rett r;
     int carta = 0;
     bool Visible = true;
@@ -89,7 +89,7 @@ public:
     // LBLdat(indice) was destroyed.
     virtual void etichetta_distrutta(int indice) = 0;
     // imgset(indice), 1..8, changed.
-    virtual void imgset_cambiata(int indice, const Immagine& immagine) = 0;
+    virtual void imgset_cambiata(int indice, const Imgset& immagine) = 0;
     // Command1 or Command2 (indice 1 or 2) changed.
     virtual void bottone_cambiato(int indice, const Bottone& bottone, std::string_view caption) = 0;
 
@@ -152,7 +152,7 @@ public:
     // each hand owns ten more from `partite` + 13.
     std::map<int, Etichetta> LBLdat;
     std::array<Etichetta, 2> lblTot;
-    std::array<Immagine, 9> imgset;  // 1..8
+    std::array<Imgset, 9> imgset;  // 1..8
     Bottone Command1, Command2;      // Command1's caption is mod.command1
     static constexpr std::string_view Command2_Caption = "QUIT";
 

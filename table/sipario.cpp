@@ -1,4 +1,4 @@
-#include "match/frmlesta.h"
+#include "table/sipario.h"
 
 namespace lesta {
 

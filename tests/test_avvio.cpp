@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "banco.h"
+#include "turns/ritardo.h"
 #include "match/geometria.h"
 
 namespace lesta {

@@ -15,11 +15,13 @@
 #include <cmath>
 
 #include "banco.h"
-#include "table/applicazione.h"
-#include "table/finestra_tavolo.h"
-#include "table/immagini.h"
-#include "table/orologio_qt.h"
-#include "table/superficie_qt.h"
+#include "table/qt/applicazione.h"
+#include "table/qt/finestra_tavolo.h"
+#include "table/qt/immagini.h"
+#include "table/qt/orologio_qt.h"
+#include "table/qt/superficie_qt.h"
+#include "table/sipario.h"
+#include "turns/ritardo.h"
 
 namespace lesta {
 namespace {
@@ -118,8 +120,8 @@ TEST(SuperficieQt, APressReadsThePixelUnderThePointer) {
     EXPECT_EQ(sbagliati, 0);
 }
 
-TEST(FinestraTavolo, ControlsKeepTheirLogicalRectanglesAtAnySize) {
-    FinestraTavolo tavolo(immagini());
+TEST(FinestraTavoloQt, ControlsKeepTheirLogicalRectanglesAtAnySize) {
+    FinestraTavoloQt tavolo(immagini());
     tavolo.show();
     const Rett go{352.55f, 300, 94.95f, 18.63f};
     tavolo.controllo_cambiato(Controllo::GO, go, true, true);
@@ -136,8 +138,8 @@ TEST(FinestraTavolo, ControlsKeepTheirLogicalRectanglesAtAnySize) {
     }
 }
 
-TEST(FinestraTavolo, TheMenuTreeHasItsCaptionsAccessKeysAndCheckMarks) {
-    FinestraTavolo tavolo(immagini());
+TEST(FinestraTavoloQt, TheMenuTreeHasItsCaptionsAccessKeysAndCheckMarks) {
+    FinestraTavoloQt tavolo(immagini());
     QStringList barra;
     for (QAction* a : tavolo.menuBar()->actions()) barra << a->text();
     EXPECT_EQ(barra, (QStringList{"&Play rate", "&Game rules", "&Music", "&Info", "&QUIT"}));
@@ -163,7 +165,7 @@ TEST(FinestraTavolo, TheMenuTreeHasItsCaptionsAccessKeysAndCheckMarks) {
 // A routine that waits on the real clock: a pause takes its time in the event
 // loop, and a change of speed during it counts from the next pause.
 TEST(OrologioQt, APauseLastsItsTimeAndASpeedChangeCountsFromTheNext) {
-    FinestraTavolo tavolo(immagini());
+    FinestraTavoloQt tavolo(immagini());
     OrologioQt orologio;
     CasualeSistema casuale;
     MediaMuto musica, suono;

@@ -25,9 +25,9 @@
 
 #include "banco.h"
 #include "headless/giocatore_casuale.h"
-#include "table/applicazione.h"
-#include "table/immagini.h"
-#include "table/superficie_qt.h"
+#include "table/qt/applicazione.h"
+#include "table/qt/immagini.h"
+#include "table/qt/superficie_qt.h"
 
 // Texts of the sheet in failure messages.
 inline void PrintTo(const QString& testo, std::ostream* os) { *os << '"' << testo.toStdString() << '"'; }

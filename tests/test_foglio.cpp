@@ -14,9 +14,9 @@
 #include <vector>
 
 #include "headless/punteggio.h"
-#include "scoring/finestra_punteggio.h"
-#include "table/immagini.h"
-#include "table/superficie_qt.h"
+#include "scoring/qt/finestra_punteggio.h"
+#include "table/qt/immagini.h"
+#include "table/qt/superficie_qt.h"
 
 namespace lesta {
 namespace {

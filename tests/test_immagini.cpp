@@ -13,7 +13,7 @@
 #include <tuple>
 #include <vector>
 
-#include "table/immagini.h"
+#include "table/qt/immagini.h"
 
 namespace lesta {
 namespace {

@@ -87,7 +87,7 @@ TEST(Mostrasettanta, TheBestCardsStandOverTheTitle) {
         b.frm.calcsettanta();
         foglio.mostrasettanta();
         for (std::size_t i = 1; i <= 8; ++i) {
-            const Immagine& im = finestra.imgset[i];
+            const Imgset& im = finestra.imgset[i];
             EXPECT_EQ(im.r.left, i <= 4 ? 50.0f * i : 50.0f * i + 300) << i;
             EXPECT_EQ(im.r.top, 5) << i;
             EXPECT_EQ(im.Visible, k.carte[i] != 0) << i;

@@ -18,8 +18,8 @@
 #include "banco.h"
 #include "sound/file_midi.h"
 #include "sound/file_wav.h"
-#include "sound/media_sdl.h"
-#include "sound/sintetizzatore.h"
+#include "sound/sdl/media_sdl.h"
+#include "sound/sdl/sintetizzatore.h"
 
 namespace lesta {
 namespace {

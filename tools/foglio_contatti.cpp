@@ -15,7 +15,7 @@
 #include <utility>
 #include <vector>
 
-#include "table/immagini.h"
+#include "table/qt/immagini.h"
 
 namespace {
 

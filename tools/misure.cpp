@@ -20,9 +20,9 @@
 #include <fstream>
 #include <string>
 
-#include "table/applicazione.h"
-#include "table/immagini.h"
-#include "table/superficie_qt.h"
+#include "table/qt/applicazione.h"
+#include "table/qt/immagini.h"
+#include "table/qt/superficie_qt.h"
 
 namespace {
 

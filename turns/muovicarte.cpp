@@ -9,6 +9,7 @@
 #include "match/frmlesta.h"
 #include "match/geometria.h"
 #include "match/tavolo.h"
+#include "turns/ritardo.h"
 
 namespace lesta {
 

@@ -1,4 +1,4 @@
-#include "match/frmlesta.h"
+#include "turns/ritardo.h"
 
 namespace lesta {
 

@@ -4,6 +4,7 @@
 #include "match/frmlesta.h"
 #include "match/tavolo.h"
 #include "turns/passi.h"
+#include "turns/ritardo.h"
 
 namespace lesta {
 

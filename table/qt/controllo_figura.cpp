@@ -1,9 +1,9 @@
-#include "table/controllo_figura.h"
+#include "table/qt/controllo_figura.h"
 
 #include <QPainter>
 #include <cmath>
 
-#include "table/immagini.h"
+#include "table/qt/immagini.h"
 
 namespace lesta {
 

@@ -1,4 +1,4 @@
-#include "table/finestra_tavolo.h"
+#include "table/qt/finestra_tavolo.h"
 
 #include <QAbstractButton>
 #include <QButtonGroup>
@@ -18,10 +18,10 @@
 #include <QWindow>
 #include <cmath>
 
-#include "table/controllo_figura.h"
-#include "table/immagini.h"
+#include "table/qt/controllo_figura.h"
+#include "table/qt/immagini.h"
 #include "table/testi_aiuto.h"
-#include "table/superficie_qt.h"
+#include "table/qt/superficie_qt.h"
 
 namespace lesta {
 
@@ -67,7 +67,7 @@ QFont in_punti(const QWidget* w, double punti, bool corsivo = false) {
 
 }  // namespace
 
-FinestraTavolo::FinestraTavolo(Immagini& immagini) : immagini_(immagini) {
+FinestraTavoloQt::FinestraTavoloQt(Immagini& immagini) : immagini_(immagini) {
     setWindowTitle(QStringLiteral("Brontex - Lesta"));
     setWindowIcon(QIcon(QPixmap::fromImage(immagini_.immagine(Figura::Icona, QSize(32, 32)))));
     // A fixed frame: minimise and close, no maximise.
@@ -79,13 +79,13 @@ FinestraTavolo::FinestraTavolo(Immagini& immagini) : immagini_(immagini) {
     // The design size of the table's client area, for the moment before the
     // window is maximised.
     resize(1018, 773 + menuBar()->sizeHint().height());
-    connect(superficie_, &SuperficieQt::ridimensionata, this, &FinestraTavolo::posiziona_tutti);
+    connect(superficie_, &SuperficieQt::ridimensionata, this, &FinestraTavoloQt::posiziona_tutti);
 
     crea_controlli();
     crea_menu();
 }
 
-void FinestraTavolo::crea_controlli() {
+void FinestraTavoloQt::crea_controlli() {
     auto metti = [this](Controllo c, QWidget* w) {
         w->hide();
         widget_[static_cast<std::size_t>(c)] = w;
@@ -119,12 +119,12 @@ void FinestraTavolo::crea_controlli() {
     }
     // The first match is a single hand unless the player picks another.
     opzioni_->button(0)->setChecked(true);
-    connect(opzioni_, &QButtonGroup::idClicked, this, &FinestraTavolo::opzione);
+    connect(opzioni_, &QButtonGroup::idClicked, this, &FinestraTavoloQt::opzione);
 
     auto* go = new QPushButton(QStringLiteral("GO"), superficie_);
     go->setFont(in_punti(go, 8));
     go->setStyleSheet(QStringLiteral("QPushButton { background: %1; border: 1px solid #404040; }").arg(css(0x80FF80)));
-    connect(go, &QPushButton::clicked, this, &FinestraTavolo::go);
+    connect(go, &QPushButton::clicked, this, &FinestraTavoloQt::go);
     metti(Controllo::GO, go);
 
     // The song's title, in italics, broken over lines as a button does.
@@ -165,7 +165,7 @@ void FinestraTavolo::crea_controlli() {
     }
 }
 
-void FinestraTavolo::crea_menu() {
+void FinestraTavoloQt::crea_menu() {
     QMenuBar* barra = menuBar();
 
     // Every mark of the menus is a check mark, the speeds' too: the game
@@ -186,18 +186,18 @@ void FinestraTavolo::crea_menu() {
     musica_ = barra->addMenu(QStringLiteral("&Music"));
     nomusic_ = musica_->addAction(QStringLiteral("None"));
     nomusic_->setCheckable(true);
-    connect(nomusic_, &QAction::triggered, this, &FinestraTavolo::nessuna_musica);
+    connect(nomusic_, &QAction::triggered, this, &FinestraTavoloQt::nessuna_musica);
     all_ = musica_->addAction(QStringLiteral("SEQUENTIAL MODE"));
     all_->setCheckable(true);
-    connect(all_, &QAction::triggered, this, &FinestraTavolo::tutte_le_canzoni);
+    connect(all_, &QAction::triggered, this, &FinestraTavoloQt::tutte_le_canzoni);
 
     info_ = barra->addAction(QStringLiteral("&Info"));
     esci_ = barra->addAction(QStringLiteral("&QUIT"));
-    connect(esci_, &QAction::triggered, this, &FinestraTavolo::esci);
+    connect(esci_, &QAction::triggered, this, &FinestraTavoloQt::esci);
 }
 
 // ---- the controls ----
-void FinestraTavolo::controllo_cambiato(Controllo c, const Rett& r, bool visibile, bool in_primo_piano) {
+void FinestraTavoloQt::controllo_cambiato(Controllo c, const Rett& r, bool visibile, bool in_primo_piano) {
     rett_[static_cast<std::size_t>(c)] = r;
     QWidget* w = widget(c);
     if (w == nullptr) return;
@@ -211,7 +211,7 @@ void FinestraTavolo::controllo_cambiato(Controllo c, const Rett& r, bool visibil
     if (in_primo_piano) w->raise();
 }
 
-void FinestraTavolo::posiziona(Controllo c) {
+void FinestraTavoloQt::posiziona(Controllo c) {
     QWidget* w = widget(c);
     if (w == nullptr) return;
     w->setGeometry(superficie_->in_pixel(rett_[static_cast<std::size_t>(c)]));
@@ -227,11 +227,11 @@ void FinestraTavolo::posiziona(Controllo c) {
 }
 
 // The controls keep their logical places at any size of the window.
-void FinestraTavolo::posiziona_tutti() {
+void FinestraTavoloQt::posiziona_tutti() {
     for (int i = 0; i < numero_controlli; ++i) posiziona(static_cast<Controllo>(i));
 }
 
-void FinestraTavolo::spunta(Voce voce, int indice, bool spuntata) {
+void FinestraTavoloQt::spunta(Voce voce, int indice, bool spuntata) {
     QAction* voce_menu = nullptr;
     switch (voce) {
         case Voce::velocita_gioco:
@@ -246,7 +246,7 @@ void FinestraTavolo::spunta(Voce voce, int indice, bool spuntata) {
 
 // The check marks are the game's: a menu entry does not check itself, the
 // game checks what it decides.
-void FinestraTavolo::voce_canzone(int indice, std::string_view titolo) {
+void FinestraTavoloQt::voce_canzone(int indice, std::string_view titolo) {
     if (indice < 1) return;
     if (static_cast<int>(canzoni_.size()) <= indice) canzoni_.resize(static_cast<std::size_t>(indice) + 1, nullptr);
     auto*& voce = canzoni_[static_cast<std::size_t>(indice)];
@@ -258,12 +258,12 @@ void FinestraTavolo::voce_canzone(int indice, std::string_view titolo) {
     voce->setText(QString::fromUtf8(titolo.data(), static_cast<qsizetype>(titolo.size())));
 }
 
-QAction* FinestraTavolo::voce_canzone(int indice) const {
+QAction* FinestraTavoloQt::voce_canzone(int indice) const {
     return indice >= 1 && indice < static_cast<int>(canzoni_.size()) ? canzoni_[static_cast<std::size_t>(indice)]
                                                                     : nullptr;
 }
 
-void FinestraTavolo::caption(Controllo c, std::string_view testo) {
+void FinestraTavoloQt::caption(Controllo c, std::string_view testo) {
     const QString t = QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
     if (c == Controllo::CmdSong)
         widget(c)->findChild<QLabel*>(QStringLiteral("titolo"))->setText(t);
@@ -271,7 +271,7 @@ void FinestraTavolo::caption(Controllo c, std::string_view testo) {
         bottone->setText(t);
 }
 
-int FinestraTavolo::larghezza_pixel() const {
+int FinestraTavoloQt::larghezza_pixel() const {
     // The window is maximised: its width is that of the screen's free area,
     // which is known at once, before the window manager has done its work.
     const QScreen* schermo = screen();
@@ -279,12 +279,12 @@ int FinestraTavolo::larghezza_pixel() const {
 }
 
 // ---- the window's own events ----
-void FinestraTavolo::closeEvent(QCloseEvent* evento) {
+void FinestraTavoloQt::closeEvent(QCloseEvent* evento) {
     evento->ignore();
     emit chiusa();
 }
 
-void FinestraTavolo::showEvent(QShowEvent* evento) {
+void FinestraTavoloQt::showEvent(QShowEvent* evento) {
     QMainWindow::showEvent(evento);
     if (!mostrata_) {
         mostrata_ = true;
@@ -303,7 +303,7 @@ void FinestraTavolo::showEvent(QShowEvent* evento) {
 // others are the player's reading. Not with Ctrl, Alt or Meta: Alt and a
 // letter opens a menu, and the menus take those keys before any window sees
 // them. A key held down plays once, as a held mouse button clicks once.
-void FinestraTavolo::keyPressEvent(QKeyEvent* evento) {
+void FinestraTavoloQt::keyPressEvent(QKeyEvent* evento) {
     constexpr auto altri_tasti = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     const int k = evento->key();
     if (evento->isAutoRepeat() || (evento->modifiers() & altri_tasti) || k < Qt::Key_Space ||
@@ -314,7 +314,7 @@ void FinestraTavolo::keyPressEvent(QKeyEvent* evento) {
     emit tasto(static_cast<char>(k));
 }
 
-bool FinestraTavolo::pannello_con_tastiera() const {
+bool FinestraTavoloQt::pannello_con_tastiera() const {
     const QWidget* attivo = focusWidget();
     for (Controllo c : {Controllo::Text2, Controllo::Text3, Controllo::Text4})
         if (attivo != nullptr && (attivo == widget(c) || widget(c)->isAncestorOf(attivo))) return true;

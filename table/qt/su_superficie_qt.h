@@ -2,7 +2,7 @@
 // A window of the game whose painted surface is a SuperficieQt: every
 // painting operation that the game asks of the window goes to that surface.
 
-#include "table/superficie_qt.h"
+#include "table/qt/superficie_qt.h"
 
 namespace lesta {
 

@@ -15,7 +15,7 @@
 #include <utility>
 
 #include "scoring/frmscore.h"
-#include "table/su_superficie_qt.h"
+#include "table/qt/su_superficie_qt.h"
 
 class QLabel;
 class QPushButton;
@@ -37,7 +37,7 @@ public:
     // ---- the controls ----
     void etichetta_cambiata(QualeEtichetta quale, const Etichetta& etichetta) override;
     void etichetta_distrutta(int indice) override;
-    void imgset_cambiata(int indice, const Immagine& immagine) override;
+    void imgset_cambiata(int indice, const Imgset& immagine) override;
     void bottone_cambiato(int indice, const Bottone& bottone, std::string_view caption) override;
 
     float Width() const override;
@@ -84,7 +84,7 @@ private:
     SuperficieQt* superficie_;
     std::map<Chiave, EtichettaQt> etichette_;
     std::array<QWidget*, 9> immagini_carte_{};  // 1..8
-    std::array<Immagine, 9> stato_immagini_{};
+    std::array<Imgset, 9> stato_immagini_{};
     std::array<QPushButton*, 3> bottoni_{};       // 1..2
     std::array<Bottone, 3> stato_bottoni_{};
     Frmscore frm_;  // last: its load draws on everything above

@@ -1,4 +1,4 @@
-#include "table/immagini.h"
+#include "table/qt/immagini.h"
 
 #include <QColor>
 #include <QPainter>

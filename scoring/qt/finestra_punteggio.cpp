@@ -1,4 +1,4 @@
-#include "scoring/finestra_punteggio.h"
+#include "scoring/qt/finestra_punteggio.h"
 
 #include <QCloseEvent>
 #include <QFontDatabase>
@@ -11,10 +11,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "table/controllo_figura.h"
-#include "table/cornice_fissa.h"
-#include "table/immagini.h"
-#include "table/superficie_qt.h"
+#include "table/qt/controllo_figura.h"
+#include "table/qt/cornice_fissa.h"
+#include "table/qt/immagini.h"
+#include "table/qt/superficie_qt.h"
 
 namespace lesta {
 
@@ -95,7 +95,7 @@ void FinestraPunteggioQt::etichetta_distrutta(int indice) {
     etichette_.erase(it);
 }
 
-void FinestraPunteggioQt::imgset_cambiata(int indice, const Immagine& immagine) {
+void FinestraPunteggioQt::imgset_cambiata(int indice, const Imgset& immagine) {
     if (indice < 1 || indice > 8) return;
     stato_immagini_[static_cast<std::size_t>(indice)] = immagine;
     auto* im = static_cast<ControlloFigura*>(immagini_carte_[static_cast<std::size_t>(indice)]);

@@ -9,10 +9,10 @@
 #include "match/casuale_sistema.h"
 #include "match/frmlesta.h"
 #include "match/stato.h"
-#include "scoring/finestra_punteggio.h"
-#include "sound/media_sdl.h"
-#include "table/finestra_tavolo.h"
-#include "table/orologio_qt.h"
+#include "scoring/qt/finestra_punteggio.h"
+#include "sound/sdl/media_sdl.h"
+#include "table/qt/finestra_tavolo.h"
+#include "table/qt/orologio_qt.h"
 
 namespace lesta {
 
@@ -34,7 +34,7 @@ public:
     void Show_frmscore() override;
 
     Frmlesta& gioco() { return frm_; }
-    FinestraTavolo& tavolo() { return tavolo_; }
+    FinestraTavoloQt& tavolo() { return tavolo_; }
     FinestraPunteggioQt& foglio() { return foglio_; }
     bool finito() const { return finito_; }
 
@@ -58,7 +58,7 @@ private:
     // The end of a song reaches the game as an event, like any other.
     MediaSdl musica_{TipoDispositivo::Sequencer, [this] { evento([this] { frm_.MMC1_Done(1); }); }};
     MediaSdl suono_{TipoDispositivo::WaveAudio};
-    FinestraTavolo tavolo_;
+    FinestraTavoloQt tavolo_;
     FinestraPunteggioQt foglio_;
     Frmlesta frm_;
     bool finito_ = false;

@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <filesystem>
 
-#include "table/applicazione.h"
-#include "table/immagini.h"
+#include "table/qt/applicazione.h"
+#include "table/qt/immagini.h"
 
 int main(int argc, char* argv[]) {
     QApplication app(argc, argv);

@@ -1,8 +1,8 @@
-#include "sound/media_sdl.h"
+#include "sound/sdl/media_sdl.h"
 
-#include "sound/libreria_sdl.h"
+#include "sound/sdl/libreria_sdl.h"
 #include "sound/sembra_midi.h"
-#include "sound/sintetizzatore.h"
+#include "sound/sdl/sintetizzatore.h"
 
 #include <malloc.h>
 

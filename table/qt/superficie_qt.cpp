@@ -1,4 +1,4 @@
-#include "table/superficie_qt.h"
+#include "table/qt/superficie_qt.h"
 
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -6,7 +6,7 @@
 #include <QResizeEvent>
 #include <cmath>
 
-#include "table/immagini.h"
+#include "table/qt/immagini.h"
 
 namespace lesta {
 

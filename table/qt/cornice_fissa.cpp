@@ -1,4 +1,4 @@
-#include "table/cornice_fissa.h"
+#include "table/qt/cornice_fissa.h"
 
 #include <xcb/xcb.h>
 

@@ -1,4 +1,4 @@
-#include "table/applicazione.h"
+#include "table/qt/applicazione.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
@@ -7,8 +7,8 @@
 #include <QScreen>
 #include <QTimer>
 
-#include "table/cornice_fissa.h"
-#include "table/superficie_qt.h"
+#include "table/qt/cornice_fissa.h"
+#include "table/qt/superficie_qt.h"
 
 namespace lesta {
 
@@ -21,18 +21,18 @@ Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
     frm_.posto_impostazioni = trova_posto_impostazioni(frm_.cartella);
     orologio_.al_timer2 = [this] { frm_.Timer2_Timer(); };
 
-    connect(&tavolo_, &FinestraTavolo::go, this, [this] { evento([this] { frm_.GO_Click(); }); });
-    connect(&tavolo_, &FinestraTavolo::opzione, this,
+    connect(&tavolo_, &FinestraTavoloQt::go, this, [this] { evento([this] { frm_.GO_Click(); }); });
+    connect(&tavolo_, &FinestraTavoloQt::opzione, this,
             [this](int i) { evento([this, i] { frm_.Option1_Click(i); }); });
-    connect(&tavolo_, &FinestraTavolo::velocita_gioco, this,
+    connect(&tavolo_, &FinestraTavoloQt::velocita_gioco, this,
             [this](int i) { evento([this, i] { frm_.velocita_gioco_Click(i); }); });
     connect(&tavolo_.superficie(), &SuperficieQt::premuto, this,
             [this](float x, float y) { evento([this, x, y] { frm_.Form_MouseDown(x, y); }); });
-    connect(&tavolo_, &FinestraTavolo::tasto, this, [this](char t) { evento([this, t] { frm_.Form_KeyDown(t); }); });
-    connect(&tavolo_, &FinestraTavolo::canzone, this,
+    connect(&tavolo_, &FinestraTavoloQt::tasto, this, [this](char t) { evento([this, t] { frm_.Form_KeyDown(t); }); });
+    connect(&tavolo_, &FinestraTavoloQt::canzone, this,
             [this](int i) { evento([this, i] { frm_.canzoni_Click(i); }); });
-    connect(&tavolo_, &FinestraTavolo::tutte_le_canzoni, this, [this] { evento([this] { frm_.All_Click(0); }); });
-    connect(&tavolo_, &FinestraTavolo::nessuna_musica, this, [this] { evento([this] { frm_.nomusic_Click(0); }); });
+    connect(&tavolo_, &FinestraTavoloQt::tutte_le_canzoni, this, [this] { evento([this] { frm_.All_Click(0); }); });
+    connect(&tavolo_, &FinestraTavoloQt::nessuna_musica, this, [this] { evento([this] { frm_.nomusic_Click(0); }); });
     connect(tavolo_.voce_italiano(), &QAction::triggered, this, [this] { evento([this] { frm_.Italiano_Click(); }); });
     connect(tavolo_.voce_english(), &QAction::triggered, this, [this] { evento([this] { frm_.english_Click(); }); });
     connect(tavolo_.voce_info(), &QAction::triggered, this, [this] { evento([this] { frm_.menu_about_Click(); }); });
@@ -42,9 +42,9 @@ Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
         tavolo_.widget(Verde(i))->installEventFilter(this);
         tavolo_.widget(Rosso(i))->installEventFilter(this);
     }
-    connect(&tavolo_, &FinestraTavolo::esci, this, [this] { evento([this] { frm_.esci_Click(); }); });
+    connect(&tavolo_, &FinestraTavoloQt::esci, this, [this] { evento([this] { frm_.esci_Click(); }); });
     // The window's own close control ends the program at once.
-    connect(&tavolo_, &FinestraTavolo::chiusa, this, [this] { End(); });
+    connect(&tavolo_, &FinestraTavoloQt::chiusa, this, [this] { End(); });
     // The score sheet's buttons: the next hand, or the end.
     connect(&foglio_, &FinestraPunteggioQt::mostra_tavolo, this, [this] {
         if (finito_) return;
@@ -61,7 +61,7 @@ Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
     connect(&foglio_, &FinestraPunteggioQt::fine, this, [this] { End(); });
     // The first show activates the table; queued, so that the window is on
     // screen before the hand starts painting.
-    connect(&tavolo_, &FinestraTavolo::prima_volta, this, &Applicazione::attiva, Qt::QueuedConnection);
+    connect(&tavolo_, &FinestraTavoloQt::prima_volta, this, &Applicazione::attiva, Qt::QueuedConnection);
     // The sound (its libraries, the device, the card sound and the song) is
     // taken only once the table is painted: until then its commands queue.
     trattieni_suoni();

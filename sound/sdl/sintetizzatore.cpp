@@ -1,6 +1,6 @@
-#include "sound/sintetizzatore.h"
+#include "sound/sdl/sintetizzatore.h"
 
-#include "sound/libreria_sdl.h"
+#include "sound/sdl/libreria_sdl.h"
 
 namespace lesta {
 

@@ -1,4 +1,4 @@
-#include "sound/libreria_sdl.h"
+#include "sound/sdl/libreria_sdl.h"
 
 #include <dlfcn.h>
 

@@ -1,4 +1,4 @@
-#include "table/orologio_qt.h"
+#include "table/qt/orologio_qt.h"
 
 #include <utility>
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "table/finestra.h"
-#include "table/su_superficie_qt.h"
+#include "table/qt/su_superficie_qt.h"
 
 class QAction;
 class QButtonGroup;
@@ -19,10 +19,10 @@ namespace lesta {
 class Immagini;
 
 
-class FinestraTavolo final : public QMainWindow, public SuSuperficieQt<Finestra> {
+class FinestraTavoloQt final : public QMainWindow, public SuSuperficieQt<Finestra> {
     Q_OBJECT
 public:
-    explicit FinestraTavolo(Immagini& immagini);
+    explicit FinestraTavoloQt(Immagini& immagini);
 
     // ---- what the game draws ----
     void controllo_cambiato(Controllo c, const Rett& r, bool visibile, bool in_primo_piano) override;

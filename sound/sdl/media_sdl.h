@@ -1,6 +1,6 @@
 #pragma once
 // The media control on SDL2_mixer: MIDI songs through the FluidSynth
-// synthesizer (sound/sintetizzatore.h) with the system's General MIDI
+// synthesizer (sound/sdl/sintetizzatore.h) with the system's General MIDI
 // soundfont, played into the mixer's music stream, and one wave sound at a
 // time on a mixer channel of its own.
 //

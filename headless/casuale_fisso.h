@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A random generator that gives the same numbers for the same seed. Seeding
 // "from the clock" does nothing here: the stream simply goes on, so a seed

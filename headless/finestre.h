@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Stand-ins for the table window without a screen.
 //   FinestraNulla   paints nothing, and reads the table colour only at the

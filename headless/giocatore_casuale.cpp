@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "headless/giocatore_casuale.h"
 
 #include "match/geometria.h"

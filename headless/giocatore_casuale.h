@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A player who picks at random, through the same clicks a person makes, or
 // through the keys: a hand card among those not yet played, and, when the

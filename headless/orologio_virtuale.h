@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The game's clock without a window: a pause completes at once and adds its
 // length to a virtual time; input comes from a script. A wait that neither a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The random stream of the runs without a screen: PCG32 (O'Neill's
 // permuted congruential generator, XSH-RR output). Small, fast and good

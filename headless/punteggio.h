@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The score sheet without a screen: it keeps what the sheet told it of each
 // control, the ground colour and the lines of the wipe, and counts the

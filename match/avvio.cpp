@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From the program's start to the shuffle of each hand: the load, the
 // activation that starts a hand, the start panel, and the ways out.
 

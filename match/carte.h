@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What a card number tells: its value, suit and rank. A card is 1..40, 0 is no
 // card. 1..10 are coins (Denari), 11..20 cups (Coppe), 21..30 batons (Bastoni),

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The random generator of the shuffle, the computer's throw and the cell of a
 // laid card: one stream of numbers in [0, 1).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's random generator: seeded from the clock, 32-bit floats in
 // [0, 1).

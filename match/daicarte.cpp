@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The deal: three cards to each side. The shuffle has already fixed who gets
 // which card, so dealing is a walk along the deck with the painting that goes
 // with it: no pause, no sound, no draw.

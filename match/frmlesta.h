@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The table window as the game sees it: its fields and its routines. The
 // fields keep the names of the game's own words; the routines take no

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The table's geometry, in logical units: the card size, the grid of the
 // table and its cells, the hands, the spot of the card in play, where a click

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The match state that both windows share: the deck, the piles as the end of a
 // hand lists them, the points and who deals. Arrays count from 1; entry 0 is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The table's grid: twelve cells in three rows of four, counted from 1 (row
 // and column 0 are never used), each holding a card or 0. Every walk of the

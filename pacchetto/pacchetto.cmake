@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The Debian package, made by CPack (`make package`).
 #
 # The game keeps its folder as the build has it: the program, Config.brx,

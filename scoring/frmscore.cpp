@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The score sheet: its load, its filling at the end of a hand, the points of
 // the hand and the match totals, and its buttons.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The score sheet: the window that comes up at the end of every hand with the
 // best primiera cards of both sides, one row a hand of the five score lines,

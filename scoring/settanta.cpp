@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The primiera of both piles at the end of a hand.
 
 #include "scoring/settanta.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The primiera, which the game calls settanta: the best card of each side in
 // each suit, its points, and which side has the greater sum.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Standard MIDI Files, written from notes: the songs of the music folder are
 // made this way at build time, and the tests make short songs of their own.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Wave files of 16-bit samples: the card sound is made this way at build
 // time, and the tests make sounds of their own.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A media player as the game drives it: a file name, a command word, a start
 // position. No result is ever read; a command that fails does nothing.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The music player: the song menu filled from the music folder, one song or
 // all of them in turn, the end of a song, and the song frame on the table.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A look at a song file from the music folder, which may hold anything that
 // anyone put there under a name ending in ".mid", before it is opened.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The help panels: the English rules (Text2), the Italian rules (Text3) and
 // the information panel (Text4). They lie on the same spot over the top left
 // corner of the table and hold no state but whether they show; the hand goes

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The table window's controls that the game places, shows and hides. Their
 // places are in logical units (800 across, 600 down, whatever the window's

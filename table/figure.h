@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The pictures the game paints or shows. The game refers to a picture by this
 // id only; the desktop turns an id and a pixel size into pixels.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the game asks of a window: a surface in logical units that keeps what
 // is painted on it, and the few controls that show. The desktop implements

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The settings file Config.brx (where it lives: table/posto_impostazioni.h):
 // three numbers, one a line, each with a blank before and after it and the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The texts of the three help panels, in UTF-8. They are broken into lines
 // by hand, at about 38 characters, for the width of the panel; each line ends

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The play rate menu and the settings file, as the table window uses them.
 
 #include <system_error>

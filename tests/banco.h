@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A table without a screen for the tests: the game on a window stand-in (a
 // raster unless told otherwise), a virtual clock, a seeded random stream with

@@ -1,4 +1,5 @@
 #!/bin/sh
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The game's signature: a digest of what the simulator writes of 300 hands of
 # each kind of match, on two seeds. Any change to the rules, the shuffle, the
 # computer's play or the random stream changes it. A change meant so is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tests of the desktop run inside a QApplication on the offscreen platform,
 // and never sound: SDL plays into its dummy driver unless a test picks another.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The help panels: which opens and closes on each menu entry and click, and
 // the shape of the texts they hold.
 

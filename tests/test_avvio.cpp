@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From the program's start to the first four cards: the load, the check of
 // the screen, the start panel, the shuffle, and the pauses, on a table
 // without a screen and with a virtual clock.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The capture search on the table alone, and the player's capture: which
 // selections the turn accepts and what the search takes for the computer,
 // against a brute-force reading of the rules on random tables. The

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The capture search and the computer's choice of a card, and the move
 // carried out on the table: laying a card, the capture's stack and slide,
 // the pile, sweeps, and a card that finds the grid full.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The table window on Qt, offscreen: the painted surface read back with
 // Point, controls that keep their logical places at any size, the menus, the
 // real pauses, and the ways out.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole program on its real windows: the table and the score sheet, the
 // real timers at "High", every move made by a mouse click on the widgets at
 // the place the game's state gives, or by a key pressed on the table window,

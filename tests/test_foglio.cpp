@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The score sheet's window on Qt (offscreen): every control at its logical
 // rectangle at any size, the wipe of a new match, the hand-overs, and no
 // scoring on the window system's own activation.

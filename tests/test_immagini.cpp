@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pictures: each renders to a drawing at the sizes the game asks for, the
 // cards sit on the table colour, the faces all differ, and the cache renders
 // each picture at each size once.

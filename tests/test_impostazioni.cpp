@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings file: its exact bytes, what damaged files give, and the play
 // rate menu that writes it.
 

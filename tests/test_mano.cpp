@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The hand: the deal, the player's clicks and keys on the table window, the
 // running score, and whole hands played to the end by a random player against
 // the computer, on the virtual clock, with every card followed at every move.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The music player: the song menu read from the music folder, the start of
 // the music at load, the menu's three kinds of choice, the sequential walk,
 // the song frame; and the MIDI writing and song notation behind the game's songs.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the settings file lives: the program's folder when it can be written,
 // else the player's settings folder; and the settings lasting from one run to
 // the next when the game is installed where the player may not write.

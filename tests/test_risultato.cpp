@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The score sheet without a screen: the five score lines and their texts,
 // the totals and their colours, the deal passed on, the count of hands, the
 // end of a match, the buttons, and every label's index, place and look.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The primiera: each side's best card in each suit, the sums and who wins
 // them, and the cards that the sheet shows.
 

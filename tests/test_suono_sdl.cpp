@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The media control on SDL2_mixer, measured on SDL's "disk" audio driver,
 // which writes what the mixer plays to a file of raw samples in real time:
 // 16-bit stereo at 44.1 kHz, as the player opens the device. The tests read

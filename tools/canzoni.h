@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The songs that come with the game, transcribed note by note, and their
 // making into Standard MIDI Files: the melody, chords and a bass, arranged in

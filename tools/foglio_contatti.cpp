@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Renders every picture of the game onto one PNG sheet, to look at them all
 // at once: the 40 faces at the size the game paints them and at twice that
 // size, then the back, the title, the song frame, the lamp, the traffic

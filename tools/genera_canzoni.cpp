@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes the game's songs into a folder, one Standard MIDI File for each,
 // named by its title:
 //   lesta-canzoni <folder> <title>...

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes the card sound as a wave file:
 //   lesta-suono-carta <file>
 

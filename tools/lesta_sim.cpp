@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // lesta-sim: the game's routines without a window, on a virtual clock, hand
 // after hand, writing one JSON line per hand. Side 1 is a player who picks at
 // random through the same clicks a person makes; side 2 is the computer.

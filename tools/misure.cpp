@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the game costs a desktop while the player thinks: the program built as
 // `lesta` builds it, on the display it is given, driven by clicks on its real
 // widgets to the first moment it waits for the player's card. Then, without

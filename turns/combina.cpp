@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The capture search for the card in play, for either side (turns/presa.h).
 //
 // For the player the search only says whether a capture exists (`trovata`)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The computer's turn. It plays the first card of its hand, in slot order,
 // that takes anything, and takes what the capture search picks for it. When
 // no card takes anything it throws one at random, holding back its sevens as

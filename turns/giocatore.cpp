@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The player's side of a turn: the wait for a hand card, and the one click
 // handler of the table, which the keys go through too. The handler never
 // calls the game: it changes the turn's fields, and the routine that waits

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A hand, from the first deal on the table to both piles listed for the
 // score: the sides take turns, the side that did not deal leads every deal,
 // a new deal follows every sixth turn, and the side that captured last takes
@@ -5,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <string>
 
 #include "match/frmlesta.h"
@@ -94,6 +96,17 @@ Pile elenca_pile(const std::array<std::int16_t, 41>& prese) {
     return pile;
 }
 
+// At the end of a hand every card has been played: the deck dealt out, both
+// hands empty, and each card listed once in the two piles.
+[[maybe_unused]] bool mano_finita(const Frmlesta& f, const Pile& pile, int turni) {
+    bool mani_vuote = true;
+    for (int k = 0; k < 3; ++k) mani_vuote = mani_vuote && f.giocate[k + 1] == 1 && f.dorso[k].tag == 0;
+    std::array<bool, 41> vista{};
+    for (int i = 1; i <= 40; ++i) vista[pile.carte[i]] = true;
+    return turni == 36 && f.posizione_mazzo == 22 && mani_vuote &&
+           std::all_of(vista.begin() + 1, vista.end(), [](bool v) { return v; });
+}
+
 }  // namespace
 
 Task Frmlesta::gioco() {
@@ -103,8 +116,10 @@ Task Frmlesta::gioco() {
     // sixth card of each.
     const int primo = mod.mazziere == 1 ? 2 : 1;
     int lato = primo;
+    [[maybe_unused]] int turni = 0;
     for (;;) {
         inizio_turno(*this, lato);
+        ++turni;
         if (lato == 1) {
             co_await gioco1();
             co_await verifica();
@@ -144,6 +159,7 @@ Task Frmlesta::gioco() {
 
     // Both piles for the score, and the primiera of each.
     const Pile pile = elenca_pile(prese);
+    assert(mano_finita(*this, pile, turni));
     std::copy(pile.carte.begin() + 1, pile.carte.end(), mod.carte.begin() + 1);
     mod.numcarte = pile.numcarte;
     mod.numdenari = pile.numdenari;

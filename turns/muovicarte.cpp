@@ -1,7 +1,10 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Carrying out a decided turn on the table and on screen. A card moves by
 // being erased and painted again; only the slide of a capture onto the played
 // card is animated, every other move is a jump after a pause.
 
+#include <algorithm>
+#include <cassert>
 #include <cmath>
 #include <tuple>
 #include <utility>
@@ -132,6 +135,8 @@ Task Frmlesta::muovicarte() {
         // takes nothing from the table, so the last capture stays where it
         // was; and a full table cannot be swept.
         if (quante != 0) {
+            // A capture lists at most the twelve cells, and one card at least.
+            assert(quante <= 12 && std::any_of(presa.begin() + 1, presa.begin() + quante + 1, [](Carta c) { return c != 0; }));
             // The captured cards rise one by one; the top card slides down
             // onto the played card, a step a frame whatever the game's speed.
             for (int i = 1; i <= quante; ++i) {

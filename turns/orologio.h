@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The game's waits. A routine that waits suspends at a co_await and the
 // program's event loop goes on; the event that makes the awaited condition

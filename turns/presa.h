@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The capture search on the table alone: what a played card can take, found
 // the same way for either side, before the side acts on it.

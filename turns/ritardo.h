@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The timed pause of the game, `co_await ritardo(unita)`: Timer2 is armed for
 // the pause's length and the routine sleeps until it fires, while the

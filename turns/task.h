@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The game's routines that wait (the start panel, the player's card, the
 // selection, every pause) are coroutines returning Task. A Task is lazy: it

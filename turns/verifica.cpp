@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The player's capture: once the played card is known to take something, the
 // turn waits until the cards marked on the table make a legal capture.
 

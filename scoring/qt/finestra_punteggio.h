@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The score sheet on Qt: "Brontex - Lesta", maximised with a fixed frame, a
 // painted surface in the sheet's colour, and on it the labels, the eight card

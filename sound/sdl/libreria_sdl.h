@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // SDL2, SDL2_mixer and the FluidSynth synthesizer, loaded at the first sound
 // instead of at the program's start. They bring some forty libraries with

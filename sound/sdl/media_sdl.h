@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The media control on SDL2_mixer: MIDI songs through the FluidSynth
 // synthesizer (sound/sdl/sintetizzatore.h) with the system's General MIDI

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The synthesizer of the songs: FluidSynth with the system's General MIDI
 // soundfont, read once for the whole run, and one song at a time on it. It

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Draws Lesta's pictures: writes every SVG and the resource list beside this file.
 
 Run it after changing a drawing and commit what it writes; the build only

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The running program: the table window, the game behind it and what the
 // game uses of the system, wired together. It starts the hand when the window

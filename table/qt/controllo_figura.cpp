@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/qt/controllo_figura.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A control that shows one of the game's pictures, rendered at the pixel size
 // it has on screen; or nothing. The picture fills the control, or, for a

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "table/qt/cornice_fissa.h"
 
 #include <xcb/xcb.h>

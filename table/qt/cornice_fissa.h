@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The frame of the game's two windows: shown maximised, with a title, a
 // minimise and a close button, and no way to resize or move the window.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The table window on Qt: "Brontex - Lesta", maximised, with its menu bar, the
 // painted surface and the controls that the game places on it. It draws what

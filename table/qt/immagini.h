@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The game's pictures as pixels. Each picture is an SVG drawing compiled into
 // the program; it is rendered at exactly the pixel size asked for and kept, so

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lesta: the fishing game of the Trieste deck, one player against the computer.
 
 #include <QApplication>

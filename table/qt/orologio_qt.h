@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The game's waits on Qt's own event loop. A waiting routine is suspended and
 // the loop sleeps; Timer2 is a QTimer; after every event that reaches the

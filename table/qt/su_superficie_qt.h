@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A window of the game whose painted surface is a SuperficieQt: every
 // painting operation that the game asks of the window goes to that surface.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A window's painted surface on Qt: one image, at the widget's device
 // resolution, holds everything painted; paintEvent only copies it to the

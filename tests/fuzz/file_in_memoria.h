@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A file in memory that the game's readers open by name, as they open the
 // files beside the program: nothing is left on disk, and each input of a fuzz

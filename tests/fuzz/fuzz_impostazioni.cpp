@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings file as anyone may leave it beside the program: whatever its
 // bytes, the game starts with every setting in range, the file reads as its
 // text does, and what the game writes back reads back the same.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A song file as anyone may put it in the music folder: whatever its bytes,
 // the first look at it is safe, and a file taken for a song is still taken
 // with more bytes after it, which only the synthesizer reads.

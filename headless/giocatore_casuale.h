@@ -43,7 +43,7 @@ private:
     Frmlesta& f_;
     Pcg32 caso_;
     Clic clic_;
-    Tasto tasto_;  // when set, the player plays by keys alone
+    Tasto tasto_;                           // when set, the player plays by keys alone
     std::array<Carta, 12> da_scegliere_{};  // the rest of the selection being made
     int restanti_ = 0;
 };

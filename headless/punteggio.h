@@ -51,7 +51,7 @@ public:
     Etichetta LBLtit;
     std::map<int, Etichetta> LBLdat;
     std::array<Etichetta, 2> lblTot{};
-    std::array<Imgset, 9> imgset{};       // 1..8
+    std::array<Imgset, 9> imgset{};         // 1..8
     std::array<Bottone, 3> bottoni{};       // 1..2
     std::array<std::string, 3> captions{};  // of Command1 and Command2
     int distrutte = 0;                      // labels destroyed
@@ -70,10 +70,10 @@ public:
     bool minimizzata_ = false;
 
     // The hand-overs.
-    int mostrata = 0;          // Show of this window
-    int tavolo_mostrato = 0;   // Show of the table
-    int tavolo_scaricato = 0;  // unload of the table
-    bool finito = false;       // End
+    int mostrata = 0;                 // Show of this window
+    int tavolo_mostrato = 0;          // Show of the table
+    int tavolo_scaricato = 0;         // unload of the table
+    bool finito = false;              // End
     std::function<void()> al_tavolo;  // run on each Show of the table
 };
 

@@ -37,8 +37,7 @@ Task Frmlesta::Form_Activate() {
     // A maximised window narrower than 824 pixels means a screen too small
     // for the table.
     if (finestra.larghezza_pixel() < 824) {
-        piattaforma.programma.messaggio_e_fine(
-            "Screen resolution too low. Risoluzione di schermo troppo bassa");
+        piattaforma.programma.messaggio_e_fine("Screen resolution too low. Risoluzione di schermo troppo bassa");
         co_return;
     }
 

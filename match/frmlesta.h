@@ -182,7 +182,7 @@ public:
     std::array<std::array<Carta, 5>, 4> tavolo{};  // rows 1..3, columns 1..4
     std::array<std::int16_t, 41> prese{};          // the player took card c
     std::int16_t ultima_presa = 0;
-    std::array<std::int32_t, 3> pilay{};           // Top of each side's pile
+    std::array<std::int32_t, 3> pilay{};  // Top of each side's pile
     std::array<std::int16_t, 3> settanta{};
 
     // ---- geometry ----
@@ -204,7 +204,7 @@ public:
     std::array<CartaControllo, 41> carta{};  // 1..40
     std::array<DorsoControllo, 3> dorso{};
     std::array<StatoControllo, numero_controlli> controlli{};
-    std::array<bool, 4> spunta_velocita{};   // the check marks of "Low", "Middle", "High"
+    std::array<bool, 4> spunta_velocita{};  // the check marks of "Low", "Middle", "High"
     // The music menu: canzoni[k] is the title of song k, k = 1..n (entry 0
     // is unused), with the check marks of the songs, "None" and
     // "SEQUENTIAL MODE".

@@ -139,8 +139,8 @@ inline constexpr std::string_view tasti_celle = "qwerasdfzxcv";
 
 // The point a key stands for, or nothing for a key that plays nothing; the
 // table's grid has its top left corner at (tavolox, tavoloy).
-constexpr std::optional<Punto> punto_del_tasto(char tasto, float larghezza_carta, float altezza_carta,
-                                               float tavolox, float tavoloy, float meta_larghezza = 400) {
+constexpr std::optional<Punto> punto_del_tasto(char tasto, float larghezza_carta, float altezza_carta, float tavolox,
+                                               float tavoloy, float meta_larghezza = 400) {
     if (tasto >= '1' && tasto <= '3') return centro_mano(tasto - '0', larghezza_carta, altezza_carta, meta_larghezza);
     if (tasto >= 'A' && tasto <= 'Z') tasto = static_cast<char>(tasto - 'A' + 'a');
     const std::size_t i = tasti_celle.find(tasto);

@@ -51,8 +51,7 @@ void Frmlesta::Mescola() {
 
     pilay[1] = static_cast<std::int32_t>(std::nearbyint(2 * meta_altezza - altezza_carta - 5));
     pilay[2] = 5;
-    finestra.PaintPicture(Figura::Dorso, 680, static_cast<float>(pilay[mod.mazziere]), larghezza_carta,
-                          altezza_carta);
+    finestra.PaintPicture(Figura::Dorso, 680, static_cast<float>(pilay[mod.mazziere]), larghezza_carta, altezza_carta);
 
     piattaforma.MMC1.Command("Play");
 }

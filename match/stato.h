@@ -22,9 +22,9 @@ struct ModLesta {
     // At the shuffle, the pool that cards are drawn from; at the end of a
     // hand, the player's cards ascending in 1..numcarte, then the computer's.
     std::array<Carta, 41> carte{};
-    std::int16_t numcarte = 0;   // cards the player took this hand
-    std::int16_t numdenari = 0;  // coins among them
-    bool settebello = false;     // the player took the seven of coins
+    std::int16_t numcarte = 0;            // cards the player took this hand
+    std::int16_t numdenari = 0;           // coins among them
+    bool settebello = false;              // the player took the seven of coins
     std::array<std::int16_t, 3> leste{};  // sweeps of each side this hand
     // The best card of side s in suit u, as a place in the primiera's order
     // of ranks; 11 when the side has no card of that suit.

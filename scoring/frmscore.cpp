@@ -95,7 +95,12 @@ void Frmscore::Form_Load() {
     LBLtit = Etichetta{{20, 5, 760, 40}, "SCORE", giallo_chiaro, rosso_scuro, 19.5f, true, true};
     LBLdat.clear();
     LBLdat[0] = Etichetta{{sinistra_giocatore(0), alto_intestazioni, larghezza_casella, altezza_casella},
-                          "", verde_chiaro, nero, 12, false, false};
+                          "",
+                          verde_chiaro,
+                          nero,
+                          12,
+                          false,
+                          false};
     LBLdat[1] = Etichetta{{20, 45, 348, 30}, "", azzurro, nero, 12, false, true};
     LBLdat[2] = Etichetta{{432, 45, 348, 30}, "", azzurro, nero, 12, false, true};
     lblTot[0] = Etichetta{{20, 107, 348, altezza_totale}, "", arancio_chiaro, bianco, 12, true, true};

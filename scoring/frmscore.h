@@ -154,7 +154,7 @@ public:
     std::map<int, Etichetta> LBLdat;
     std::array<Etichetta, 2> lblTot;
     std::array<Imgset, 9> imgset;  // 1..8
-    Bottone Command1, Command2;      // Command1's caption is mod.command1
+    Bottone Command1, Command2;    // Command1's caption is mod.command1
     static constexpr std::string_view Command2_Caption = "QUIT";
 
     // The window's last outer size.

@@ -36,7 +36,8 @@ Traccia::Traccia(std::string_view nome) {
 
 void Traccia::nota(int canale, std::uint32_t inizio, std::uint32_t durata, int altezza, int forza) {
     const auto c = canale_di(canale);
-    eventi_.push_back({inizio, 2, {static_cast<std::uint8_t>(0x90 | c), sette_bit(altezza), sette_bit(std::max(1, forza))}});
+    eventi_.push_back(
+        {inizio, 2, {static_cast<std::uint8_t>(0x90 | c), sette_bit(altezza), sette_bit(std::max(1, forza))}});
     // A note-off sorts before a note-on at the same tick, so that a repeated
     // note is struck again instead of being cut.
     eventi_.push_back({inizio + durata, 1, {static_cast<std::uint8_t>(0x80 | c), sette_bit(altezza), 64}});
@@ -47,7 +48,8 @@ void Traccia::programma(int canale, std::uint32_t tempo, int strumento) {
 }
 
 void Traccia::controllo(int canale, std::uint32_t tempo, int numero, int valore) {
-    eventi_.push_back({tempo, 2, {static_cast<std::uint8_t>(0xB0 | canale_di(canale)), sette_bit(numero), sette_bit(valore)}});
+    eventi_.push_back(
+        {tempo, 2, {static_cast<std::uint8_t>(0xB0 | canale_di(canale)), sette_bit(numero), sette_bit(valore)}});
 }
 
 void Traccia::tempo(std::uint32_t quando, std::uint32_t microsecondi_per_quarto) {
@@ -57,7 +59,8 @@ void Traccia::tempo(std::uint32_t quando, std::uint32_t microsecondi_per_quarto)
 }
 
 void Traccia::metro(std::uint32_t quando, int numeratore, int esponente_denominatore) {
-    eventi_.push_back({quando, 0,
+    eventi_.push_back({quando,
+                       0,
                        {0xFF, 0x58, 0x04, static_cast<std::uint8_t>(numeratore),
                         static_cast<std::uint8_t>(esponente_denominatore), 24, 8}});
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sound/file_wav.h"
 
-
 namespace lesta::wav {
 namespace {
 

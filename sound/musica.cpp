@@ -59,9 +59,7 @@ const std::string& titolo(const Frmlesta& f, int k) {
 
 // The file of a song is rebuilt from its title, so a name that held ".mid"
 // twice leads to another file, which may not be there.
-std::string file_canzone(const Frmlesta& f, int k) {
-    return (f.cartella / "music" / (titolo(f, k) + ".mid")).string();
-}
+std::string file_canzone(const Frmlesta& f, int k) { return (f.cartella / "music" / (titolo(f, k) + ".mid")).string(); }
 
 void suona_canzone(Frmlesta& f, int k) {
     Media& musica = f.piattaforma.MMC1;

@@ -14,11 +14,11 @@ struct Rett {
 };
 
 enum class Controllo : std::uint8_t {
-    testo,      // the title picture
-    quadro,     // holder of the song frame's picture; never shown itself
-    Led,        // the lamp beside a pile after a capture
-    Verde0,     // turn lights: index 0 on the player's side,
-    Verde1,     // index 1 on the computer's
+    testo,   // the title picture
+    quadro,  // holder of the song frame's picture; never shown itself
+    Led,     // the lamp beside a pile after a capture
+    Verde0,  // turn lights: index 0 on the player's side,
+    Verde1,  // index 1 on the computer's
     Rosso0,
     Rosso1,
     Shape1,     // the frame round the match choice
@@ -26,10 +26,10 @@ enum class Controllo : std::uint8_t {
     Option1_1,  // "11 points Game"
     Option1_2,  // "21 points Game"
     GO,
-    CmdSong,    // the title of the song, in its frame
-    Text2,      // the English rules
-    Text3,      // the Italian rules
-    Text4,      // the information panel
+    CmdSong,  // the title of the song, in its frame
+    Text2,    // the English rules
+    Text3,    // the Italian rules
+    Text4,    // the information panel
 };
 inline constexpr int numero_controlli = static_cast<int>(Controllo::Text4) + 1;
 

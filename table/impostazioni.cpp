@@ -62,8 +62,9 @@ std::string percento(float scala) {
     std::array<char, 64> testo{};
     char* fine = testo.data();
     for (int decimali = 0; decimali <= 17; ++decimali) {
-        fine = std::to_chars(testo.data(), testo.data() + testo.size(), scala * 100.0, std::chars_format::fixed,
-                             decimali).ptr;
+        fine =
+            std::to_chars(testo.data(), testo.data() + testo.size(), scala * 100.0, std::chars_format::fixed, decimali)
+                .ptr;
         double letto = 0;
         std::from_chars(testo.data(), fine, letto);
         if (scala_da_percento(letto) == scala) break;

@@ -5,6 +5,7 @@
 // room for scripted draws, music and a card sound that write down what they
 // are told, and a folder of its own for the settings file.
 
+#include <unistd.h>
 #include <array>
 #include <atomic>
 #include <cstdint>
@@ -14,7 +15,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-#include <unistd.h>
 
 #include "headless/casuale_fisso.h"
 #include "headless/finestre.h"

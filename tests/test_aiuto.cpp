@@ -31,26 +31,32 @@ std::string aperti(const Banco<>& b) {
 
 // E English, I Italian, A information (the menu); 3 and 4 a click on Text3 or
 // Text4; V and v the green light, R the red one, G the GO button.
-const std::map<char, std::function<void(Frmlesta&)>> azione = {
-    {'E', &Frmlesta::english_Click}, {'I', &Frmlesta::Italiano_Click}, {'A', &Frmlesta::menu_about_Click},
-    {'3', &Frmlesta::Text3_Click}, {'4', &Frmlesta::Text4_Click}, {'V', [](Frmlesta& f) { f.Verde_Click(0); }},
-    {'v', [](Frmlesta& f) { f.Verde_Click(1); }}, {'R', [](Frmlesta& f) { f.Rosso_Click(0); }}, {'G', &Frmlesta::GO_Click}};
+const std::map<char, std::function<void(Frmlesta&)>> azione = {{'E', &Frmlesta::english_Click},
+                                                               {'I', &Frmlesta::Italiano_Click},
+                                                               {'A', &Frmlesta::menu_about_Click},
+                                                               {'3', &Frmlesta::Text3_Click},
+                                                               {'4', &Frmlesta::Text4_Click},
+                                                               {'V', [](Frmlesta& f) { f.Verde_Click(0); }},
+                                                               {'v', [](Frmlesta& f) { f.Verde_Click(1); }},
+                                                               {'R', [](Frmlesta& f) { f.Rosso_Click(0); }},
+                                                               {'G', &Frmlesta::GO_Click}};
 
 // From each state the panels can be in, every action, and the panels after it.
 TEST(PannelliAiuto, EveryActionFromEveryState) {
     const std::string azioni = "EIA34VvRG";
     // The panels "", 2, 3, 4 and 24, reached by the actions `via`.
-    const struct { const char* via; std::array<const char*, 9> dopo; } tabella[] = {
-        {"", {"2", "3", "4", "", "", "", "", "", ""}},
-        {"E", {"2", "3", "24", "2", "2", "", "", "", ""}},
-        {"I", {"2", "3", "4", "", "3", "", "", "", ""}},
-        {"A", {"2", "3", "", "4", "", "", "", "", ""}},
+    const struct {
+        const char* via;
+        std::array<const char*, 9> dopo;
+    } tabella[] = {
+        {"", {"2", "3", "4", "", "", "", "", "", ""}},      {"E", {"2", "3", "24", "2", "2", "", "", "", ""}},
+        {"I", {"2", "3", "4", "", "3", "", "", "", ""}},    {"A", {"2", "3", "", "4", "", "", "", "", ""}},
         {"EA", {"2", "3", "2", "24", "2", "", "", "", ""}},
     };
     for (const auto& riga : tabella) {
         for (std::size_t i = 0; i < azioni.size(); ++i) {
             Banco b;
-            for (const char* p = riga.via; *p; ++p) azione.at(*p)(b.frm);
+            for (const char* p = riga.via; *p; ++p) azione.at (*p)(b.frm);
             azione.at(azioni[i])(b.frm);
             const std::string s = aperti(b);
             EXPECT_EQ(s, riga.dopo[i]) << riga.via << " then " << azioni[i];
@@ -58,7 +64,8 @@ TEST(PannelliAiuto, EveryActionFromEveryState) {
             // stands over the English rules.
             const Controllo dal_menu[] = {Text2, Text3, Text4};
             if (i < 3 && b.frm.Visible(dal_menu[i])) {
-                EXPECT_TRUE(b.finestra.controlli[static_cast<std::size_t>(dal_menu[i])].in_primo_piano) << riga.via << azioni[i];
+                EXPECT_TRUE(b.finestra.controlli[static_cast<std::size_t>(dal_menu[i])].in_primo_piano)
+                    << riga.via << azioni[i];
             }
             if (s == "24") {
                 EXPECT_TRUE(b.frm.davanti(Text4, Text2)) << riga.via << azioni[i];

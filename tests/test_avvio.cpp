@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "banco.h"
-#include "turns/ritardo.h"
 #include "match/geometria.h"
+#include "turns/ritardo.h"
 
 namespace lesta {
 namespace {
@@ -69,7 +69,8 @@ TEST(Avvio, TheFirstActivationWaitsOnTheStartPanelOnAWideEnoughScreen) {
         const bool stretto = larghezza < 824;
         EXPECT_EQ(b.mano.done(), stretto);
         EXPECT_EQ(b.programma.finito, stretto);
-        EXPECT_EQ(b.programma.messaggio, stretto ? "Screen resolution too low. Risoluzione di schermo troppo bassa" : "");
+        EXPECT_EQ(b.programma.messaggio,
+                  stretto ? "Screen resolution too low. Risoluzione di schermo troppo bassa" : "");
         EXPECT_EQ(b.frm.Visible(Controllo::GO), !stretto);
         EXPECT_EQ(b.orologio.millisecondi(), stretto ? 0 : 650);
     }
@@ -77,8 +78,11 @@ TEST(Avvio, TheFirstActivationWaitsOnTheStartPanelOnAWideEnoughScreen) {
     b.attiva();
     // The panel: blue, in a black outline, on the pink ground.
     EXPECT_EQ(b.finestra.BackColor(), rosa_pannello);
-    for (auto [x, y, colore] : {std::tuple{201.f, 51.f, blu}, {198.f, 48.f, nero}, {602.f, 412.f, nero},
-                                {100.f, 300.f, rosa_pannello}, {605.f, 300.f, rosa_pannello}})
+    for (auto [x, y, colore] : {std::tuple{201.f, 51.f, blu},
+                                {198.f, 48.f, nero},
+                                {602.f, 412.f, nero},
+                                {100.f, 300.f, rosa_pannello},
+                                {605.f, 300.f, rosa_pannello}})
         EXPECT_EQ(b.finestra.Point(x, y), colore) << x << "," << y;
 
     // The title at half size under the choice.
@@ -88,8 +92,11 @@ TEST(Avvio, TheFirstActivationWaitsOnTheStartPanelOnAWideEnoughScreen) {
               static_cast<int>(Figura::Titolo));
     EXPECT_FALSE(b.frm.Visible(Controllo::testo));
 
-    for (auto [c, alto] : {std::pair{Option1(0), 100.f}, {Option1(1), 130.f}, {Option1(2), 160.f},
-                           {Controllo::GO, 300.f}, {Controllo::Shape1, 90.f}}) {
+    for (auto [c, alto] : {std::pair{Option1(0), 100.f},
+                           {Option1(1), 130.f},
+                           {Option1(2), 160.f},
+                           {Controllo::GO, 300.f},
+                           {Controllo::Shape1, 90.f}}) {
         EXPECT_TRUE(b.frm.Visible(c));
         EXPECT_FLOAT_EQ(b.frm.rett(c).top, alto);
         EXPECT_FLOAT_EQ(b.frm.rett(c).left + b.frm.rett(c).width / 2, 400);
@@ -179,7 +186,7 @@ TEST(Avvio, ThePanelWaitsForGoUnlessTheMatchContinues) {
 
 TEST(Mescolata, DrawsThatMissAreDrawnAgainForTheSamePlace) {
     Avvio b;
-    b.mod.command1 = "CONTINUE";  // straight to the shuffle
+    b.mod.command1 = "CONTINUE";         // straight to the shuffle
     b.casuale.metti(0.0f);               // entry 0 is never a card
     b.casuale.metti(estrazione(5, 41));  // card 5 first
     b.casuale.metti(estrazione(5, 41));  // taken already: drawn again
@@ -225,9 +232,9 @@ TEST(Ritardo, AUnitIs6500MillisecondsOverTheSpeedCutToWholeMilliseconds) {
         float unita;
         int millisecondi;
     };
-    for (auto [velocita, unita, ms] : {Caso{10, 1, 650}, Caso{10, 2, 1300}, Caso{10, 5, 3250}, Caso{20, 1, 325},
-                                       Caso{20, 2, 650}, Caso{20, 5, 1625}, Caso{30, 1, 216}, Caso{30, 2, 433},
-                                       Caso{30, 5, 1083}}) {
+    for (auto [velocita, unita, ms] :
+         {Caso{10, 1, 650}, Caso{10, 2, 1300}, Caso{10, 5, 3250}, Caso{20, 1, 325}, Caso{20, 2, 650}, Caso{20, 5, 1625},
+          Caso{30, 1, 216}, Caso{30, 2, 433}, Caso{30, 5, 1083}}) {
         Banco b;
         b.frm.velocita = static_cast<std::uint8_t>(velocita);
         auto pausa = [&]() -> Task { co_await b.frm.ritardo(unita); };

@@ -73,11 +73,11 @@ TEST(Ricerca, CosaTrovaECosaLasciaContato) {
     using enum TipoPresa;
     const Caso casi[] = {
         {{0, 0, 15, 0, 0, 5}, 25, uguale, 2, {15}, 0, 1},                        // no count past the equal card
-        {{}, 7, vuoto, 12, {}, 0, 0},                                             // an empty table
-        {{20, 3, 14}, 7, somma, 9, {3, 14}, 7, 3},                                // a King is no candidate
+        {{}, 7, vuoto, 12, {}, 0, 0},                                            // an empty table
+        {{20, 3, 14}, 7, somma, 9, {3, 14}, 7, 3},                               // a King is no candidate
         {{4, 0, 12, 0, 0, 23, 0, 0, 31}, 35, somma, 8, {4, 12, 23, 31}, 10, 6},  // the first mask: 2 + 3
-        {{4, 14, 6}, 9, nessuna, 9, {4, 14, 6}, 14, 0},                           // enough in all, no subset
-        {{2, 3}, 6, nessuna, 10, {2, 3}, 5, 0},                                   // short of the value
+        {{4, 14, 6}, 9, nessuna, 9, {4, 14, 6}, 14, 0},                          // enough in all, no subset
+        {{2, 3}, 6, nessuna, 10, {2, 3}, 5, 0},                                  // short of the value
         {{1, 11, 21, 31, 2, 12, 22, 32, 3}, 10, troppe, 3, {1, 11, 21, 31, 2, 12, 22, 32, 3}, 15, 0},  // nine
     };
     for (const Caso& caso : casi) {
@@ -158,7 +158,7 @@ TEST(Cattura, LaVerificaAccettaEsattamenteLePreseLecite) {
         ASSERT_EQ(t.done(), lecite.empty()) << "played " << giocata << " on " << n << " cards";
         if (t.done()) continue;
         EXPECT_TRUE(b.segnate().empty());  // for the player the search marks nothing
-        prove.push_back(lecite.front());  // the turn ends with a legal capture
+        prove.push_back(lecite.front());   // the turn ends with a legal capture
         for (std::size_t i = 0; i < prove.size(); ++i) {
             const auto s = scelta(prove[i]);
             for (Carta c : tavolo)

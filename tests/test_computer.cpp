@@ -84,26 +84,26 @@ struct CasoComputer {
 
 const CasoComputer casi_computer[] = {
     // The capture search, for a lone card.
-    {{0, 0, 0, 0, 22, 5, 33}, {15}, {}, 0, {5}},                                  // an equal card before a sum
-    {{0, 0, 0, 25, 0, 0, 0, 0, 5}, {35}, {}, 0, {25}},                            // the first equal in scan order
-    {{0, 17, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7}, {27}, {}, 0, {17}},                   // ... even over the 7 of coins
-    {{4, 0, 12, 0, 0, 23, 0, 0, 31}, {35}, {}, 0, {0, 12, 23, 0}},                // mask order: 4 2 3 1 for a 5
-    {{2, 12, 21, 3}, {15}, {}, 0, {2, 12, 21, 0}},                                // the subset ending first
-    {{0, 0, 0, 0, 2, 14}, {5}, {0.1f}, 0, {}},                                    // two that do not add up
-    {{0, 0, 0, 0, 2, 13}, {5}, {}, 0, {2, 13}},                                   // two that add up
-    {{1, 0, 11, 0, 0, 0, 0, 0, 0, 0, 0, 21}, {2}, {}, 0, {1, 11, 0}},             // a 2 on three Aces
-    {{4, 16, 29}, {10}, {}, 0, {4, 16, 0}},                                       // a King on 4 6 9
-    {{4, 16, 0, 0, 0, 0, 30}, {10}, {}, 0, {30}},                                 // a King takes a King
-    {{0, 20, 3, 14}, {7}, {}, 0, {3, 14}},                                        // a King is no candidate
-    {{2, 3}, {6}, {0.1f}, 0, {}},                                                 // adding up to less
-    {{4, 14, 6}, {9}, {0.1f}, 0, {}},                                             // no subset adds up
-    {{3}, {26}, {0.1f}, 0, {}},                                                   // a single smaller card
-    {{}, {7}, {0.1f}, 0, {}},                                                     // the empty table
-    {{4, 14, 24, 34, 6, 16, 26, 5}, {9}, {}, 0, {4, 0, 0, 0, 0, 0, 0, 5}},        // eight, the last needed
-    {{4, 14, 24, 34, 6, 16, 26, 5, 20}, {9}, {}, 0, {4, 0, 0, 0, 0, 0, 0, 5}},    // eight and a King
-    {{4, 14, 24, 34, 6, 16, 26, 5, 3}, {9}, {}, 0, {}},                           // nine candidates: no sum
-    {{1, 11, 21, 31, 2, 12, 22, 32, 3}, {10}, {}, 0, {}},                         // nine, a sum among them
-    {{1, 11, 21, 31, 2, 12, 22, 32, 3, 40}, {10}, {}, 0, {40}},                   // nine, but an equal one
+    {{0, 0, 0, 0, 22, 5, 33}, {15}, {}, 0, {5}},                                // an equal card before a sum
+    {{0, 0, 0, 25, 0, 0, 0, 0, 5}, {35}, {}, 0, {25}},                          // the first equal in scan order
+    {{0, 17, 0, 0, 0, 0, 0, 0, 0, 0, 0, 7}, {27}, {}, 0, {17}},                 // ... even over the 7 of coins
+    {{4, 0, 12, 0, 0, 23, 0, 0, 31}, {35}, {}, 0, {0, 12, 23, 0}},              // mask order: 4 2 3 1 for a 5
+    {{2, 12, 21, 3}, {15}, {}, 0, {2, 12, 21, 0}},                              // the subset ending first
+    {{0, 0, 0, 0, 2, 14}, {5}, {0.1f}, 0, {}},                                  // two that do not add up
+    {{0, 0, 0, 0, 2, 13}, {5}, {}, 0, {2, 13}},                                 // two that add up
+    {{1, 0, 11, 0, 0, 0, 0, 0, 0, 0, 0, 21}, {2}, {}, 0, {1, 11, 0}},           // a 2 on three Aces
+    {{4, 16, 29}, {10}, {}, 0, {4, 16, 0}},                                     // a King on 4 6 9
+    {{4, 16, 0, 0, 0, 0, 30}, {10}, {}, 0, {30}},                               // a King takes a King
+    {{0, 20, 3, 14}, {7}, {}, 0, {3, 14}},                                      // a King is no candidate
+    {{2, 3}, {6}, {0.1f}, 0, {}},                                               // adding up to less
+    {{4, 14, 6}, {9}, {0.1f}, 0, {}},                                           // no subset adds up
+    {{3}, {26}, {0.1f}, 0, {}},                                                 // a single smaller card
+    {{}, {7}, {0.1f}, 0, {}},                                                   // the empty table
+    {{4, 14, 24, 34, 6, 16, 26, 5}, {9}, {}, 0, {4, 0, 0, 0, 0, 0, 0, 5}},      // eight, the last needed
+    {{4, 14, 24, 34, 6, 16, 26, 5, 20}, {9}, {}, 0, {4, 0, 0, 0, 0, 0, 0, 5}},  // eight and a King
+    {{4, 14, 24, 34, 6, 16, 26, 5, 3}, {9}, {}, 0, {}},                         // nine candidates: no sum
+    {{1, 11, 21, 31, 2, 12, 22, 32, 3}, {10}, {}, 0, {}},                       // nine, a sum among them
+    {{1, 11, 21, 31, 2, 12, 22, 32, 3, 40}, {10}, {}, 0, {40}},                 // nine, but an equal one
     // The choice of a card.
     {{7, 13}, {23, 35, 10}, {}, 0, {13}},                         // the first slot that captures, not a sweep
     {{7, 13}, {0, 35, 10}, {}, 2, {7, 13}},                       // a played slot is passed over
@@ -236,10 +236,13 @@ TEST(Muovi, SpazzateEIlLoroSegno) {
         bool spazzata;
         float alzata;
     };
-    for (const Caso& caso : {Caso{22, 6, 1, 0, false, 0}, {22, 6, 2, 1, false, 0},  // the last card of the hand
-                             {19, 6, 1, 0, true, 0}, {19, 6, 2, 0, true, 0},        // the last card of a deal
-                             {7, 1, 1, 2, true, -50}, {13, 4, 2, 2, true, 50},      // third sweeps
-                             {22, 5, 2, 0, true, 0}}) {                             // the last but one card
+    for (const Caso& caso : {Caso{22, 6, 1, 0, false, 0},
+                             {22, 6, 2, 1, false, 0},  // the last card of the hand
+                             {19, 6, 1, 0, true, 0},
+                             {19, 6, 2, 0, true, 0},  // the last card of a deal
+                             {7, 1, 1, 2, true, -50},
+                             {13, 4, 2, 2, true, 50},    // third sweeps
+                             {22, 5, 2, 0, true, 0}}) {  // the last but one card
         SCOPED_TRACE(testing::Message() << caso.posizione << " + " << caso.mosse << ", side " << caso.turno);
         Banco b;
         b.tavolo({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 5});

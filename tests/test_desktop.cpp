@@ -60,10 +60,10 @@ TEST(SuperficieQt, PointReadsWhatWasPaintedCardCornersAreTable) {
     s.BackColor(verde_tavolo);
     const float x = 307, y = 486.72f, w = 58.94f, h = 108.28f;
     s.PaintPicture(faccia(21), x, y, w, h);
-    EXPECT_EQ(s.Point(x + 0.1f, y + 0.1f), verde_tavolo);   // the rounded corner
+    EXPECT_EQ(s.Point(x + 0.1f, y + 0.1f), verde_tavolo);  // the rounded corner
     EXPECT_EQ(s.Point(x + w - 0.5f, y + h - 0.5f), verde_tavolo);
-    EXPECT_NE(s.Point(x + w / 2, y + 5), verde_tavolo);     // the white card
-    EXPECT_EQ(s.Point(x - 1, y + h / 2), verde_tavolo);     // beside it
+    EXPECT_NE(s.Point(x + w / 2, y + 5), verde_tavolo);  // the white card
+    EXPECT_EQ(s.Point(x - 1, y + h / 2), verde_tavolo);  // beside it
 
     // Erasing a card with the one-unit margin leaves no trace of it.
     s.BoxFilled(x - 1, y - 1, x + w + 1, y + h + 1, verde_tavolo);
@@ -222,8 +222,10 @@ TEST(Applicazione, QuitAndTheCloseControlEndTheEventLoop) {
         Applicazione lesta(immagini(), cartella.percorso());
         lesta.avvia();
         QTimer::singleShot(0, &lesta, [&lesta, da_menu] {
-            if (da_menu) lesta.tavolo().voce_esci()->trigger();
-            else lesta.tavolo().close();
+            if (da_menu)
+                lesta.tavolo().voce_esci()->trigger();
+            else
+                lesta.tavolo().close();
             EXPECT_TRUE(lesta.finito());  // at once
         });
         QTimer scaduto;

@@ -115,9 +115,10 @@ public:
 
     explicit PartitaVera(std::uint32_t seme, Comandi comandi = mouse)
         : lesta_(immagini(), con_impostazioni(cartella_.percorso())),
-          giocatore_(lesta_.gioco(), seme, [this](float x, float y) { clic_tavolo(x, y); },
-                     comandi == tastiera ? GiocatoreCasuale::Tasto([this](char t) { tasto(t); })
-                                         : GiocatoreCasuale::Tasto()) {}
+          giocatore_(
+              lesta_.gioco(), seme, [this](float x, float y) { clic_tavolo(x, y); },
+              comandi == tastiera ? GiocatoreCasuale::Tasto([this](char t) { tasto(t); }) : GiocatoreCasuale::Tasto()) {
+    }
 
     Applicazione& lesta() { return lesta_; }
     FinestraPunteggioQt& foglio() { return lesta_.foglio(); }
@@ -183,9 +184,8 @@ public:
             },
             5000);
         if (si) return ::testing::AssertionSuccess();
-        return ::testing::AssertionFailure() << nome << " is not in front: "
-                                             << questa << " of the screen in its ground, " << quella
-                                             << " in the other window's";
+        return ::testing::AssertionFailure() << nome << " is not in front: " << questa
+                                             << " of the screen in its ground, " << quella << " in the other window's";
     }
     // Under a compositor, the sheet or the table is in front (the offscreen
     // screen stacks nothing, and nothing is looked at there).
@@ -230,7 +230,6 @@ public:
     }
 
 private:
-
     prova::CartellaTemporanea cartella_;
     Applicazione lesta_;
     GiocatoreCasuale giocatore_;

@@ -78,10 +78,12 @@ TEST(FinestraPunteggioQt, EveryControlSitsAtItsLogicalRectangleAtTwoSizes) {
             EXPECT_EQ(l->palette().color(QPalette::WindowText), colore_qt(e.ForeColor)) << i;
         }
         al_suo_posto(w.etichetta({Gruppo::LBLtit, 0}), w.frm().LBLtit.r, -1);
-        for (int i = 0; i < 2; ++i) al_suo_posto(w.etichetta({Gruppo::lblTot, i}), w.frm().lblTot[static_cast<std::size_t>(i)].r, 100 + i);
+        for (int i = 0; i < 2; ++i)
+            al_suo_posto(w.etichetta({Gruppo::lblTot, i}), w.frm().lblTot[static_cast<std::size_t>(i)].r, 100 + i);
         EXPECT_NEAR(w.etichetta({Gruppo::lblTot, 1})->y(), 127 * ky, 1.0);
         EXPECT_EQ(w.etichetta({Gruppo::lblTot, 1})->text(), QStringLiteral(" 7"));
-        for (int i = 1; i <= 8; ++i) al_suo_posto(w.immagine(i), w.frm().imgset[static_cast<std::size_t>(i)].r, 200 + i);
+        for (int i = 1; i <= 8; ++i)
+            al_suo_posto(w.immagine(i), w.frm().imgset[static_cast<std::size_t>(i)].r, 200 + i);
         al_suo_posto(w.bottone(1), w.frm().Command1.r, 301);
         EXPECT_EQ(w.bottone(1)->text(), QStringLiteral("CONTINUE"));
         // Texts at their sizes in points, at any size of the window.

@@ -66,7 +66,8 @@ int pixel_diversi(const QImage& a, const QImage& b) {
     for (int y = 0; y < a.height(); ++y)
         for (int x = 0; x < a.width(); ++x) {
             const QRgb p = a.pixel(x, y), q = b.pixel(x, y);
-            diversi += std::abs(qRed(p) - qRed(q)) + std::abs(qGreen(p) - qGreen(q)) + std::abs(qBlue(p) - qBlue(q)) > 60;
+            diversi +=
+                std::abs(qRed(p) - qRed(q)) + std::abs(qGreen(p) - qGreen(q)) + std::abs(qBlue(p) - qBlue(q)) > 60;
         }
     return diversi;
 }
@@ -74,7 +75,8 @@ int pixel_diversi(const QImage& a, const QImage& b) {
 TEST(Immagini, TheFortyFacesAndTheBackAllDiffer) {
     Immagini immagini;
     std::vector<QImage> figure;
-    for (int n = 1; n <= static_cast<int>(Figura::Dorso); ++n) figure.push_back(immagini.immagine(static_cast<Figura>(n), {75, 138}));
+    for (int n = 1; n <= static_cast<int>(Figura::Dorso); ++n)
+        figure.push_back(immagini.immagine(static_cast<Figura>(n), {75, 138}));
     for (std::size_t a = 0; a < figure.size(); ++a)
         for (std::size_t b = a + 1; b < figure.size(); ++b)
             EXPECT_GT(pixel_diversi(figure[a], figure[b]), 40) << a + 1 << " vs " << b + 1;
@@ -84,9 +86,13 @@ TEST(Immagini, TheCacheRendersEachPictureAtEachSizeOnce) {
     Immagini immagini;
     const QImage prima = immagini.immagine(faccia(7), {75, 138});
     // A new size, another picture, or the same picture at a new size renders.
-    for (auto [carta, misura, rese] : std::vector<std::tuple<int, QSize, int>>{
-             {7, {75, 138}, 1}, {7, {59, 108}, 2}, {8, {59, 108}, 3}, {7, {108, 59}, 4},
-             {7, {75, 108}, 5}, {8, {59, 108}, 5}, {7, {59, 108}, 5}}) {
+    for (auto [carta, misura, rese] : std::vector<std::tuple<int, QSize, int>>{{7, {75, 138}, 1},
+                                                                               {7, {59, 108}, 2},
+                                                                               {8, {59, 108}, 3},
+                                                                               {7, {108, 59}, 4},
+                                                                               {7, {75, 108}, 5},
+                                                                               {8, {59, 108}, 5},
+                                                                               {7, {59, 108}, 5}}) {
         immagini.immagine(faccia(carta), misura);
         EXPECT_EQ(immagini.rese(), rese) << carta << " " << misura.width() << "x" << misura.height();
     }

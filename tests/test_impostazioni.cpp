@@ -50,9 +50,12 @@ TEST(FileImpostazioni, EachTextGivesItsSettingsAndTheGamesOwnAreWrittenBackUncha
         float scala;
     };
     const Caso casi[] = {
-        {"", std::string_view("\x20\x32\x20\x0D\x0A\x20\x31\x30\x31\x20\x0D\x0A\x20\x37\x35\x20\x0D\x0A", 18), 2, 101, 0.75f},
-        {"", " 3 \r\n 0 \r\n 75 \r\n", 3, 0, 0.75f},     {"", " 1 \r\n 7 \r\n 74 \r\n", 1, 7, 0.74f},
-        {"", " 2 \r\n 100 \r\n 74.5 \r\n", 2, 100, 0.745f}, {"", " 3 \r\n 1 \r\n 60 \r\n", 3, 1, 0.60f},
+        {"", std::string_view("\x20\x32\x20\x0D\x0A\x20\x31\x30\x31\x20\x0D\x0A\x20\x37\x35\x20\x0D\x0A", 18), 2, 101,
+         0.75f},
+        {"", " 3 \r\n 0 \r\n 75 \r\n", 3, 0, 0.75f},
+        {"", " 1 \r\n 7 \r\n 74 \r\n", 1, 7, 0.74f},
+        {"", " 2 \r\n 100 \r\n 74.5 \r\n", 2, 100, 0.745f},
+        {"", " 3 \r\n 1 \r\n 60 \r\n", 3, 1, 0.60f},
         {"", " 2 \r\n 28 \r\n 62.6 \r\n", 2, 28, 0.626f},
         {"a blank line keeps its field, and the next line its meaning", " 3 \r\n\r\n 70 \r\n", 3, 0, 0.70f},
         {"a line of words keeps its field", " 3 \r\n song \r\n 70 \r\n", 3, 0, 0.70f},
@@ -117,7 +120,8 @@ TEST(MenuVelocita, LoadUsesTheFilesSpeedAndEachChoiceIsSavedAtOnce) {
         if (scelta != 0) b.frm.velocita_gioco_Click(scelta);
         const int attesa = scelta == 0 ? 3 : scelta;
         EXPECT_EQ(b.frm.velocita, 10 * attesa);
-        for (int i = 1; i <= 3; ++i) EXPECT_EQ(b.finestra.spuntata(Voce::velocita_gioco, i), i == attesa) << scelta << i;
+        for (int i = 1; i <= 3; ++i)
+            EXPECT_EQ(b.finestra.spuntata(Voce::velocita_gioco, i), i == attesa) << scelta << i;
         EXPECT_EQ(leggi_tutto(file), scelta == 0 ? " 3 \r\n 0 \r\n 74.5 \r\n 9 \r\n"
                                                  : " " + std::to_string(scelta) + " \r\n 0 \r\n 74.5 \r\n");
     }

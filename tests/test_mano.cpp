@@ -61,15 +61,21 @@ TEST(Mano, IlClicSceglieLaCartaPerAreeFisse) {
         int slot;  // 0: nothing is played
     };
     const Caso casi[] = {
-        {0.75f, 336, 550, 1}, {0.75f, 400, 550, 2}, {0.75f, 464, 550, 3},
-        {0.75f, 307, 550, 0}, {0.75f, 307.01f, 550, 1},  // the left bound is strict
-        {0.75f, 367.5f, 550, 0},                          // the gap between the first two cards
-        {0.75f, 400, 615, 0},                             // below the window
-        {0.75f, 336, 504.7f, 0}, {0.75f, 336, 504.8f, 1},  // the top bound is strict
-        {0.75f, 336, 490, 0},                              // on the card, above the hit area
+        {0.75f, 336, 550, 1},
+        {0.75f, 400, 550, 2},
+        {0.75f, 464, 550, 3},
+        {0.75f, 307, 550, 0},
+        {0.75f, 307.01f, 550, 1},  // the left bound is strict
+        {0.75f, 367.5f, 550, 0},   // the gap between the first two cards
+        {0.75f, 400, 615, 0},      // below the window
+        {0.75f, 336, 504.7f, 0},
+        {0.75f, 336, 504.8f, 1},                                    // the top bound is strict
+        {0.75f, 336, 490, 0},                                       // on the card, above the hit area
         {0.625f, 336, 504.7f + 0.625f * carta_iniziale.height, 0},  // the bottom bound is strict
         {0.625f, 336, 594.9f, 1},
-        {1.0f, 380, 550, 2}, {1.0f, 447, 550, 3}, {1.0f, 360, 550, 1},  // overlapping: the right one wins
+        {1.0f, 380, 550, 2},
+        {1.0f, 447, 550, 3},
+        {1.0f, 360, 550, 1},  // overlapping: the right one wins
     };
     for (const auto& caso : casi) {
         SCOPED_TRACE(testing::Message() << "scale " << caso.scala << " at " << caso.x << ", " << caso.y);
@@ -149,8 +155,11 @@ TEST(Mano, IClicSulTavoloSegnanoEToglionoLaSelezione) {
     // The gap between two cards, an empty cell, a hand card; then any card
     // out of turn. Every click closes the help panels.
     const auto pannelli = {Controllo::Text2, Controllo::Text3, Controllo::Text4};
-    for (auto [X, Y, modo] : {std::tuple{x + w + 3, y, Modo::selezione}, {x + w / 2, b.frm.tavoloy + 20, Modo::selezione},
-                              {336.0f, 550.0f, Modo::selezione}, {x + w / 2, y, Modo::vuoto}, {336.0f, 550.0f, Modo::vuoto},
+    for (auto [X, Y, modo] : {std::tuple{x + w + 3, y, Modo::selezione},
+                              {x + w / 2, b.frm.tavoloy + 20, Modo::selezione},
+                              {336.0f, 550.0f, Modo::selezione},
+                              {x + w / 2, y, Modo::vuoto},
+                              {336.0f, 550.0f, Modo::vuoto},
                               {10.0f, 10.0f, Modo::gioco1}}) {
         for (auto p : pannelli) b.frm.Visible(p, true);
         b.frm.modo = modo;

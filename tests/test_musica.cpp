@@ -29,8 +29,10 @@ struct BancoMusica : prova::Banco<> {
     void crea(const Parole& nomi) {
         if (!nomi.empty()) std::filesystem::create_directories(cartella_musica());
         for (const auto& n : nomi) {
-            if (n.ends_with('/')) std::filesystem::create_directory(cartella_musica() / n);
-            else if (!n.empty()) std::ofstream(cartella_musica() / n) << "MThd";
+            if (n.ends_with('/'))
+                std::filesystem::create_directory(cartella_musica() / n);
+            else if (!n.empty())
+                std::ofstream(cartella_musica() / n) << "MThd";
         }
         frm.riempi_canzoni();
     }
@@ -42,13 +44,16 @@ struct BancoMusica : prova::Banco<> {
     std::string file_di(int k) const { return (cartella_musica() / (titolo(k) + ".mid")).string(); }
     Parole titoli() const { return {frm.canzoni.begin() + 1, frm.canzoni.end()}; }
     std::string bottone() const { return finestra.captions[static_cast<std::size_t>(Controllo::CmdSong)]; }
-    bool quadro(float x = 12, float y = 300) const { return finestra.figura_a(x, y) == static_cast<int>(Figura::Quadro); }
+    bool quadro(float x = 12, float y = 300) const {
+        return finestra.figura_a(x, y) == static_cast<int>(Figura::Quadro);
+    }
     // The checked entries of the music menu.
     std::set<std::string> spuntate() const {
         std::set<std::string> s;
         if (finestra.spuntata(Voce::nomusic, 0)) s.insert("None");
         if (finestra.spuntata(Voce::All, 0)) s.insert("All");
-        for (int k = 1; k < static_cast<int>(frm.canzoni.size()); ++k) if (finestra.spuntata(Voce::canzoni, k)) s.insert(std::to_string(k));
+        for (int k = 1; k < static_cast<int>(frm.canzoni.size()); ++k)
+            if (finestra.spuntata(Voce::canzoni, k)) s.insert(std::to_string(k));
         return s;
     }
     // The settings file's words.
@@ -65,11 +70,26 @@ struct BancoMusica : prova::Banco<> {
 TEST(ElencoCanzoni, TitlesUpToTheFirstMidInTheFolderOrder) {
     using Voci = std::vector<std::pair<std::string, const char*>>;
     const Voci casi[] = {
-        {{"Santa Lucia.mid", "Santa Lucia"}, {"a.midi.mid", "a"}, {"Luna Rossa .mid", "Luna Rossa "},
-         {"MiXeD cAsE.mid", "MiXeD cAsE"}, {"b.mid.bak", "b"}, {".nascosto", nullptr}, {"finta.mid/", nullptr}},
-        {{"c1.mid", "c1"}, {"c2.mid", "c2"}, {"c3.mid", "c3"}, {"c4.mid", "c4"}, {"c5.mid", "c5"},
-         {"c6.mid", "c6"}, {"c7.mid", "c7"}, {"LEGGIMI.MID", nullptr}},
-        {{"Canzone.MID", nullptr}}, {{"leggimi.txt", nullptr}}, {{"mid", nullptr}}, {{"", nullptr}}, {},
+        {{"Santa Lucia.mid", "Santa Lucia"},
+         {"a.midi.mid", "a"},
+         {"Luna Rossa .mid", "Luna Rossa "},
+         {"MiXeD cAsE.mid", "MiXeD cAsE"},
+         {"b.mid.bak", "b"},
+         {".nascosto", nullptr},
+         {"finta.mid/", nullptr}},
+        {{"c1.mid", "c1"},
+         {"c2.mid", "c2"},
+         {"c3.mid", "c3"},
+         {"c4.mid", "c4"},
+         {"c5.mid", "c5"},
+         {"c6.mid", "c6"},
+         {"c7.mid", "c7"},
+         {"LEGGIMI.MID", nullptr}},
+        {{"Canzone.MID", nullptr}},
+        {{"leggimi.txt", nullptr}},
+        {{"mid", nullptr}},
+        {{"", nullptr}},
+        {},
     };
     for (const auto& caso : casi) {
         BancoMusica b;
@@ -107,14 +127,18 @@ TEST(ElencoCanzoni, AHundredSongsAtMost) {
 // outside the list means no music, and the file keeps it until the user
 // chooses; the frame waits for the first hand in any case.
 TEST(AvvioMusica, TheStoredNumberChoosesTheStart) {
-    const struct { int numero, canzoni, suona; std::set<std::string> spuntate; } casi[] = {
-        {0, 3, 0, {"None"}}, {2, 3, 2, {"2"}}, {101, 3, 1, {"All", "1"}}, {101, 0, 0, {"All"}},
-        {4, 3, 0, {"None"}}, {100, 3, 0, {"None"}}, {-1, 3, 0, {"None"}}, {-32768, 3, 0, {"None"}},
+    const struct {
+        int numero, canzoni, suona;
+        std::set<std::string> spuntate;
+    } casi[] = {
+        {0, 3, 0, {"None"}}, {2, 3, 2, {"2"}},      {101, 3, 1, {"All", "1"}}, {101, 0, 0, {"All"}},
+        {4, 3, 0, {"None"}}, {100, 3, 0, {"None"}}, {-1, 3, 0, {"None"}},      {-32768, 3, 0, {"None"}},
     };
     for (const auto& c : casi) {
         BancoMusica b;
         b.canzoni(c.canzoni);
-        std::ofstream(b.cartella.percorso() / "Config.brx", std::ios::binary) << " 2 \r\n " << c.numero << " \r\n 75 \r\n";
+        std::ofstream(b.cartella.percorso() / "Config.brx", std::ios::binary)
+            << " 2 \r\n " << c.numero << " \r\n 75 \r\n";
         b.frm.canzone = static_cast<std::int16_t>(c.numero);
         b.frm.avvia_musica();
         EXPECT_EQ(b.frm.canzone, c.suona) << c.numero;
@@ -168,8 +192,11 @@ TEST(SceltaCanzone, PlaysItStoresItAndPutsTheTitleOnTheButton) {
 // with the title button centred in it. "None" then stops the walk and paints
 // over only the frame, in whatever the window's ground is now.
 TEST(Sequenziale, WalksTheSongsInTurnInTheFrameUntilNone) {
-    const struct { int n; std::vector<int> ordine; Colore fondo; } casi[] = {
-        {3, {1, 2, 3, 1, 2, 3}, rosa_pannello}, {1, {1, 1, 1}, verde_tavolo}};
+    const struct {
+        int n;
+        std::vector<int> ordine;
+        Colore fondo;
+    } casi[] = {{3, {1, 2, 3, 1, 2, 3}, rosa_pannello}, {1, {1, 1, 1}, verde_tavolo}};
     for (const auto& [n, ordine, fondo] : casi) {
         BancoMusica b;
         b.canzoni(n);
@@ -205,8 +232,12 @@ TEST(Sequenziale, WalksTheSongsInTurnInTheFrameUntilNone) {
         EXPECT_EQ(b.spuntate(), std::set<std::string>{"None"});
         EXPECT_EQ(b.impostazioni().at(1), "0");
         EXPECT_FALSE(b.frm.Visible(Controllo::CmdSong));
-        for (auto [x, y, colore] : {std::tuple{10.5f, 244.5f, fondo}, {162.5f, 355.5f, fondo}, {8.0f, 300.0f, giallo},
-                                    {165.0f, 300.0f, giallo}, {80.0f, 242.0f, giallo}, {80.0f, 358.0f, giallo}}) {
+        for (auto [x, y, colore] : {std::tuple{10.5f, 244.5f, fondo},
+                                    {162.5f, 355.5f, fondo},
+                                    {8.0f, 300.0f, giallo},
+                                    {165.0f, 300.0f, giallo},
+                                    {80.0f, 242.0f, giallo},
+                                    {80.0f, 358.0f, giallo}}) {
             EXPECT_EQ(b.finestra.Point(x, y), colore) << x << "," << y;
         }
         // A late end of play changes nothing.
@@ -238,24 +269,40 @@ TEST(FileMidi, VariableQuantitiesAndRepeatedNotes) {
     t.nota(0, 480, 480, 60, 100);  // the same key struck again at once
     t.nota(3, 200480, 10, 72, 0);  // a long pause; force 0 still sounds
     // 199520 ticks later: 0x30B60 in three groups of seven bits
-    EXPECT_EQ(t.corpo(), (std::vector<std::uint8_t>{0x00, 0x90, 60, 100, 0x83, 0x60, 0x80, 60, 64, 0x00, 0x90, 60, 100, 0x83, 0x60,
-                                                     0x80, 60, 64, 0x8C, 0x96, 0x60, 0x93, 72, 1, 0x0A, 0x83, 72, 64, 0x00, 0xFF, 0x2F, 0x00}));
+    EXPECT_EQ(t.corpo(), (std::vector<std::uint8_t>{0x00, 0x90, 60,   100,  0x83, 0x60, 0x80, 60,   64,   0x00, 0x90,
+                                                    60,   100,  0x83, 0x60, 0x80, 60,   64,   0x8C, 0x96, 0x60, 0x93,
+                                                    72,   1,    0x0A, 0x83, 72,   64,   0x00, 0xFF, 0x2F, 0x00}));
 }
 
 // The build makes the songs only if they read without a fault: the reading
 // must find each kind of fault.
 TEST(CanzoniDelGioco, TheNotationTellsItsFaults) {
-    const auto p = canzoni::leggi({"prova", "", 3, 4, 8, 100, 0, 0, 0,
-                                   {{'A', "C4:2 D4:2 E4:2 | F4:2 G4:3 | H4:6 | C4:6", "C | C | Xm | C"}, {'B', "C4:6 | C4:6", "C"}}, "ABQ"});
+    const auto p = canzoni::leggi(
+        {"prova",
+         "",
+         3,
+         4,
+         8,
+         100,
+         0,
+         0,
+         0,
+         {{'A', "C4:2 D4:2 E4:2 | F4:2 G4:3 | H4:6 | C4:6", "C | C | Xm | C"}, {'B', "C4:6 | C4:6", "C"}},
+         "ABQ"});
     for (const char* parte : {"bar 2: 5 units instead of 6", "cannot read \"H4:6\"", "cannot read chord \"Xm\"",
                               "section B: 2 bars, 1 chords", "no section Q"}) {
-        EXPECT_TRUE(std::any_of(p.errori.begin(), p.errori.end(), [&](const std::string& e) { return e.find(parte) != std::string::npos; })) << parte;
+        EXPECT_TRUE(std::any_of(p.errori.begin(), p.errori.end(), [&](const std::string& e) {
+            return e.find(parte) != std::string::npos;
+        })) << parte;
     }
     // Sharps, flats and rests; a seventh chord in the second bar.
-    const auto q = canzoni::leggi({"prova", "", 3, 4, 8, 100, 0, 0, 0, {{'A', "C4:2 D#4:2 Eb4:2 | r:6", "C | G7"}}, "A"});
+    const auto q =
+        canzoni::leggi({"prova", "", 3, 4, 8, 100, 0, 0, 0, {{'A', "C4:2 D#4:2 Eb4:2 | r:6", "C | G7"}}, "A"});
     ASSERT_TRUE(q.errori.empty() && q.melodia.size() == 3 && q.accordi.size() == 2);
-    EXPECT_EQ(std::tuple(q.melodia[0].altezza, q.melodia[1].altezza, q.melodia[2].altezza, q.melodia[2].inizio), std::tuple(60, 63, 63, 4));
-    EXPECT_EQ(std::tuple(q.accordi[1].radice, q.accordi[1].inizio, q.accordi[1].intervalli), std::tuple(7, 6, std::vector<int>{0, 4, 7, 10}));
+    EXPECT_EQ(std::tuple(q.melodia[0].altezza, q.melodia[1].altezza, q.melodia[2].altezza, q.melodia[2].inizio),
+              std::tuple(60, 63, 63, 4));
+    EXPECT_EQ(std::tuple(q.accordi[1].radice, q.accordi[1].inizio, q.accordi[1].intervalli),
+              std::tuple(7, 6, std::vector<int>{0, 4, 7, 10}));
 }
 
 }  // namespace

@@ -61,8 +61,10 @@ public:
 
 private:
     void metti(const char* valore) const {
-        if (valore) ::setenv(nome_, valore, 1);
-        else ::unsetenv(nome_);
+        if (valore)
+            ::setenv(nome_, valore, 1);
+        else
+            ::unsetenv(nome_);
     }
     const char* nome_;
     std::optional<std::string> prima_;

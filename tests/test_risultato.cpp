@@ -17,7 +17,11 @@ namespace {
 
 // A hand as gioco and calcsettanta leave it: cards and coins of the player,
 // the primiera's winner, the seven, the sweeps of each side.
-struct Mano { int carte, denari, primiera; bool sette; int leste1, leste2; };
+struct Mano {
+    int carte, denari, primiera;
+    bool sette;
+    int leste1, leste2;
+};
 using Testi = std::array<std::string, 10>;  // the player's five cells, then the computer's
 
 // One point to the player for the seven, and the rest in sweeps.
@@ -210,7 +214,8 @@ TEST(Foglio, AResizeMovesNoVisibleLabelAndAMinimisedWindowNothing) {
     f.finestra.larghezza = 2 * 15360;
     f.frm.Form_Resize();
     EXPECT_FLOAT_EQ(f.finestra.LBLdat.at(0).r.width, prime.at(0).r.width / 2);
-    for (const auto& [i, e] : f.frm.LBLdat) EXPECT_TRUE(i == 0 || (e.r.left == prime.at(i).r.left && e.r.width == prime.at(i).r.width)) << i;
+    for (const auto& [i, e] : f.frm.LBLdat)
+        EXPECT_TRUE(i == 0 || (e.r.left == prime.at(i).r.left && e.r.width == prime.at(i).r.width)) << i;
 }
 
 TEST(Uscita, QuitUnloadsTheTableTheCloseControlEndsAtOnce) {

@@ -43,8 +43,14 @@ TEST(Calcsettanta, BestCardsSumsAndWinnerInAnyOrderOverAnyTable) {
     };
     const std::vector<Caso> casi = {
         {"cards 2 7 11 30", {2, 7, 11, 30}, {}, {1, 3, 10, 11}, {2, 1, 1, 1}, 47, 81, 2},
-        {"two whole suits each", {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30}, {},
-         {1, 11, 1, 11}, {11, 1, 11, 1}, 42, 42, 0},
+        {"two whole suits each",
+         {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30},
+         {},
+         {1, 11, 1, 11},
+         {11, 1, 11, 1},
+         42,
+         42,
+         0},
         {"figures only", {8, 9, 10, 18, 19, 20, 28, 29, 30, 38, 39, 40}, {}, {8, 8, 8, 8}, {1, 1, 1, 1}, 40, 84, 2},
         {"girl and King of coins", {10, 8}, {}, {8, 11, 11, 11}, {1, 1, 1, 1}, 10, 84, 2},
         {"nothing", {}, {}, {11, 11, 11, 11}, {1, 1, 1, 1}, 0, 84, 2},
@@ -66,7 +72,8 @@ TEST(Calcsettanta, BestCardsSumsAndWinnerInAnyOrderOverAnyTable) {
             EXPECT_EQ((std::array<int, 4>{m[1][1], m[1][2], m[1][3], m[1][4]}), k.migliori_g) << k.nome << indietro;
             EXPECT_EQ((std::array<int, 4>{m[2][1], m[2][2], m[2][3], m[2][4]}), k.migliori_c) << k.nome << indietro;
             EXPECT_EQ((std::array<int, 3>{b.frm.settanta[1], b.frm.settanta[2], b.mod.vince_settanta}),
-                      (std::array<int, 3>{k.settanta_g, k.settanta_c, k.vince})) << k.nome << indietro;
+                      (std::array<int, 3>{k.settanta_g, k.settanta_c, k.vince}))
+                << k.nome << indietro;
         }
 }
 

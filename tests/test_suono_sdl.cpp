@@ -33,7 +33,8 @@ const std::filesystem::path programma = LESTA_CARTELLA_PROGRAMMA;
 
 // The RMS of samples [da, a) of both channels mixed to one, in -1..1.
 double rms(const std::vector<double>& c, double da, double a) {
-    const auto i = static_cast<std::size_t>(da * frequenza), j = std::min(static_cast<std::size_t>(a * frequenza), c.size());
+    const auto i = static_cast<std::size_t>(da * frequenza),
+               j = std::min(static_cast<std::size_t>(a * frequenza), c.size());
     double s = 0;
     for (std::size_t k = i; k < j; ++k) s += c[k] * c[k];
     return j > i ? std::sqrt(s / static_cast<double>(j - i)) : 0.0;
@@ -45,7 +46,10 @@ std::vector<std::pair<double, double>> tratti(const std::vector<double>& c, doub
     std::vector<std::pair<double, double>> out;
     int quieti = 6;
     for (double t = 0; (t + 0.005) * frequenza <= static_cast<double>(c.size()); t += 0.005) {
-        if (rms(c, t, t + 0.005) <= soglia) { ++quieti; continue; }
+        if (rms(c, t, t + 0.005) <= soglia) {
+            ++quieti;
+            continue;
+        }
         if (quieti >= 6) out.emplace_back(t, t);
         out.back().second = t + 0.005;
         quieti = 0;
@@ -57,12 +61,15 @@ std::vector<std::pair<double, double>> tratti(const std::vector<double>& c, doub
 void scrivi_brano(const std::filesystem::path& file, int note, int ms) {
     midi::Traccia t("prova");
     t.tempo(0, 500000);  // 960 ticks a second with 480 a quarter
-    for (int i = 0; i < note; ++i) t.nota(0, static_cast<std::uint32_t>(i * ms * 960 / 1000), static_cast<std::uint32_t>(ms * 960 / 1000), 60 + 4 * i, 120);
+    for (int i = 0; i < note; ++i)
+        t.nota(0, static_cast<std::uint32_t>(i * ms * 960 / 1000), static_cast<std::uint32_t>(ms * 960 / 1000),
+               60 + 4 * i, 120);
     ASSERT_TRUE(scrivi_file(file, midi::file_smf({t}, 480)));
 }
 
 // Lets the Qt events run until `fatto` holds or the time is up.
-bool attendi(std::chrono::milliseconds limite, const std::function<bool()>& fatto = [] { return false; }) {
+bool attendi(
+    std::chrono::milliseconds limite, const std::function<bool()>& fatto = [] { return false; }) {
     const auto fine = Orologio::now() + limite;
     while (!fatto() && Orologio::now() < fine) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
@@ -74,7 +81,10 @@ bool attendi(std::chrono::milliseconds limite, const std::function<bool()>& fatt
 // Every test has its own output file, written out when the last player closes.
 class SuonoSdl : public ::testing::Test {
 protected:
-    void SetUp() override { ::setenv("SDL_AUDIODRIVER", "disk", 1); ::setenv("SDL_DISKAUDIOFILE", uscita_.c_str(), 1); }
+    void SetUp() override {
+        ::setenv("SDL_AUDIODRIVER", "disk", 1);
+        ::setenv("SDL_DISKAUDIOFILE", uscita_.c_str(), 1);
+    }
     void TearDown() override { ::setenv("SDL_AUDIODRIVER", "dummy", 1); }
     std::vector<double> uscita() const {
         std::ifstream in(uscita_, std::ios::binary);
@@ -119,9 +129,9 @@ TEST_F(SuonoSdl, OnlyASongPlayedToItsEndBringsAnEnd) {
     ASSERT_TRUE(scrivi_file(file("muta.mid"), midi::file_smf({muta}, 480)));
     scrivi_brano(file("breve.mid"), 3, 200);
     MediaSdl musica(TipoDispositivo::Sequencer, alla_fine);
-    for (const auto& nome : {file("manca.mid"), file("rotto.mid"), file("troncato.mid"), file("senza_tracce.mid"),
-                              file("nessuna/cartella.mid"), file("a_meta.mid"), file("senza_ultimo_byte.mid"),
-                              file("muta.mid")}) {
+    for (const auto& nome :
+         {file("manca.mid"), file("rotto.mid"), file("troncato.mid"), file("senza_tracce.mid"),
+          file("nessuna/cartella.mid"), file("a_meta.mid"), file("senza_ultimo_byte.mid"), file("muta.mid")}) {
         apri(musica, nome);
         musica.sincronizza();
         EXPECT_FALSE(musica.aperto() || musica.suona()) << nome;
@@ -155,7 +165,8 @@ TEST_F(SuonoSdl, OnlyASongPlayedToItsEndBringsAnEnd) {
     // The short song's three notes sound for 0.6 s, and more as they ring out.
     const auto c = uscita();
     const auto t = tratti(c, 0.003);
-    EXPECT_TRUE(std::any_of(t.begin(), t.end(), [&](auto s) { return s.second - s.first > 0.5 && rms(c, s.first, s.first + 0.6) > 0.01; }));
+    EXPECT_TRUE(std::any_of(t.begin(), t.end(),
+                            [&](auto s) { return s.second - s.first > 0.5 && rms(c, s.first, s.first + 0.6) > 0.01; }));
 }
 
 // A 100 ms tone at half scale played three times, the third time again
@@ -163,7 +174,9 @@ TEST_F(SuonoSdl, OnlyASongPlayedToItsEndBringsAnEnd) {
 // game's own card sound, short.
 TEST_F(SuonoSdl, TheCardSoundSoundsOnEachPlay) {
     std::vector<std::int16_t> tono(frequenza / 10);
-    for (std::size_t i = 0; i < tono.size(); ++i) tono[i] = static_cast<std::int16_t>(std::lround(16384 * std::sin(2 * std::numbers::pi * 440 * static_cast<double>(i) / frequenza)));
+    for (std::size_t i = 0; i < tono.size(); ++i)
+        tono[i] = static_cast<std::int16_t>(
+            std::lround(16384 * std::sin(2 * std::numbers::pi * 440 * static_cast<double>(i) / frequenza)));
     ASSERT_TRUE(scrivi_file(file("carta.wav"), wav::file_wav(tono, frequenza, 1)));
     {
         MediaSdl suono(TipoDispositivo::WaveAudio);
@@ -198,8 +211,9 @@ TEST_F(SuonoSdl, TheCardSoundOverTheLoudestMomentOfASongDoesNotClip) {
     ASSERT_GT(wav.size(), 44u);
     int picco_carta = 0;
     for (std::size_t i = 44; i + 1 < wav.size(); i += 2)
-        picco_carta = std::max(picco_carta, std::abs(static_cast<int>(static_cast<std::int16_t>(
-                                                static_cast<std::uint8_t>(wav[i]) | static_cast<std::uint8_t>(wav[i + 1]) << 8))));
+        picco_carta = std::max(picco_carta,
+                               std::abs(static_cast<int>(static_cast<std::int16_t>(
+                                   static_cast<std::uint8_t>(wav[i]) | static_cast<std::uint8_t>(wav[i + 1]) << 8))));
     auto sintetizzatore = Sintetizzatore::crea(font_gm_di_sistema(), frequenza);
     ASSERT_NE(sintetizzatore, nullptr);
     int canzoni = 0;

@@ -28,8 +28,13 @@ std::vector<Canzone> crea_canzoni() {
     c.push_back({
         "Santa Lucia",
         "Teodoro Cottrau, 1849",
-        3, 8, 16, 72,
-        fisarmonica, chitarra, contrabbasso,
+        3,
+        8,
+        16,
+        72,
+        fisarmonica,
+        chitarra,
+        contrabbasso,
         {
             {'I', "r:6 | r:6", "C | G7"},
             // Sul mare luccica l'astro d'argento,
@@ -53,8 +58,13 @@ std::vector<Canzone> crea_canzoni() {
     c.push_back({
         "Funiculì, Funiculà",
         "Luigi Denza, 1880",
-        6, 8, 8, 138,
-        mandolino, chitarra, contrabbasso,
+        6,
+        8,
+        8,
+        138,
+        mandolino,
+        chitarra,
+        contrabbasso,
         {
             {'I', "r:6 | r:6 | r:6 | r:5 G3:1", "C | C | G7 | C"},
             // Aissera, Nanninè, me ne sagliette, tu saje addò...
@@ -84,8 +94,13 @@ std::vector<Canzone> crea_canzoni() {
     c.push_back({
         "'O sole mio",
         "Eduardo di Capua, 1898",
-        4, 4, 8, 80,
-        violino, chitarra, contrabbasso,
+        4,
+        4,
+        8,
+        80,
+        violino,
+        chitarra,
+        contrabbasso,
         {
             {'I', "r:8 | r:7 D4:1", "G | D7"},
             // Che bella cosa 'na jurnata 'e sole,
@@ -153,7 +168,8 @@ bool leggi_nota(const std::string& t, int& altezza, int& durata) {
     const std::size_t due_punti = t.find(':');
     if (due_punti == std::string::npos || due_punti == 0) return false;
     const std::string nome = t.substr(0, due_punti), lunghezza = t.substr(due_punti + 1);
-    if (lunghezza.empty() || !std::all_of(lunghezza.begin(), lunghezza.end(), [](char ch) { return std::isdigit(static_cast<unsigned char>(ch)); }))
+    if (lunghezza.empty() || !std::all_of(lunghezza.begin(), lunghezza.end(),
+                                          [](char ch) { return std::isdigit(static_cast<unsigned char>(ch)); }))
         return false;
     durata = std::stoi(lunghezza);
     if (durata <= 0) return false;

@@ -47,7 +47,7 @@ struct Partitura {
     std::vector<Nota> melodia;
     struct Accordo {
         int inizio;
-        int radice;                  // pitch class 0..11, C = 0
+        int radice;                   // pitch class 0..11, C = 0
         std::vector<int> intervalli;  // from the root, in semitones
     };
     std::vector<Accordo> accordi;  // one per bar that has one

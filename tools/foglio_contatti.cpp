@@ -49,8 +49,7 @@ int main(int argc, char** argv) {
     const QSize gioco(75, 138);
     const QSize doppia(150, 276);
     std::vector<std::pair<lesta::Figura, QSize>> altre;
-    for (int figura = static_cast<int>(lesta::Figura::Dorso); figura <= lesta::numero_figure;
-         ++figura) {
+    for (int figura = static_cast<int>(lesta::Figura::Dorso); figura <= lesta::numero_figure; ++figura) {
         const auto id = static_cast<lesta::Figura>(figura);
         const QSize disegno = id == lesta::Figura::Dorso ? gioco : immagini.misura_disegno(id);
         altre.emplace_back(id, disegno);
@@ -64,8 +63,8 @@ int main(int argc, char** argv) {
     }
 
     const int larghezza = std::max(margine + 10 * (doppia.width() + margine), larga_altre);
-    const int altezza = margine + 4 * (gioco.height() + margine) + margine +
-                        4 * (doppia.height() + margine) + margine + alta_altre + margine;
+    const int altezza = margine + 4 * (gioco.height() + margine) + margine + 4 * (doppia.height() + margine) + margine +
+                        alta_altre + margine;
     QImage foglio(larghezza, altezza, QImage::Format_RGB32);
     foglio.fill(QColor(0, 112, 0));
     {

@@ -91,8 +91,8 @@ public:
           << lista(std::vector<int>(mod_.migliori[2].begin() + 1, mod_.migliori[2].end())) << "]"
           << ",\"vince_settanta\":" << int{mod_.vince_settanta} << ",\"punti\":["
           << mod_.punti_giocatore - giocatore_prima << "," << mod_.punti_computer - computer_prima << "]"
-          << ",\"punti_giocatore\":" << int{mod_.punti_giocatore} << ",\"punti_computer\":"
-          << int{mod_.punti_computer} << ",\"caption\":\"" << mod_.command1 << "\""
+          << ",\"punti_giocatore\":" << int{mod_.punti_giocatore} << ",\"punti_computer\":" << int{mod_.punti_computer}
+          << ",\"caption\":\"" << mod_.command1 << "\""
           << ",\"mazziere_dopo\":" << int{mod_.mazziere} << "}";
         json_ = j.str();
     }
@@ -136,8 +136,8 @@ private:
         for (std::size_t i = 0; i < turni_.size(); ++i) {
             const Turno& t = turni_[i];
             j << (i ? "," : "") << "{\"turno\":" << t.turno << ",\"slot\":" << t.slot << ",\"carta\":" << t.carta
-              << ",\"presa\":" << lista(t.presa) << ",\"cella\":"
-              << (t.riga ? lista(std::array{t.riga, t.colonna}) : "null")
+              << ",\"presa\":" << lista(t.presa)
+              << ",\"cella\":" << (t.riga ? lista(std::array{t.riga, t.colonna}) : "null")
               << ",\"lesta\":" << (t.lesta ? "true" : "false") << "}";
         }
         j << "],\"ultima_presa\":" << frm_.ultima_presa << ",\"resto\":" << lista(resto_) << ",\"leste\":["
@@ -210,10 +210,14 @@ int main(int argc, char* argv[]) {
         } else if (a == "--match") {
             const std::string_view m = valore;
             ++i;
-            if (m == "single") tipo = 0;
-            else if (m == "11") tipo = 1;
-            else if (m == "21") tipo = 2;
-            else return lesta::uso();
+            if (m == "single")
+                tipo = 0;
+            else if (m == "11")
+                tipo = 1;
+            else if (m == "21")
+                tipo = 2;
+            else
+                return lesta::uso();
         } else if (a == "--player") {
             if (std::string_view(valore) != "random") return lesta::uso();
             ++i;

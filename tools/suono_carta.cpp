@@ -39,7 +39,8 @@ std::vector<std::int16_t> campioni() {
         // with a second, weaker tap a few milliseconds later as the card
         // settles.
         const double attacco = std::min(1.0, t / 0.0005);
-        const double scatto = attacco * std::exp(-t / 0.006) + 0.35 * (t > 0.011 ? std::exp(-(t - 0.011) / 0.004) : 0.0);
+        const double scatto =
+            attacco * std::exp(-t / 0.006) + 0.35 * (t > 0.011 ? std::exp(-(t - 0.011) / 0.004) : 0.0);
         // The thump: 150 Hz falling to 90 Hz, gone within 30 ms.
         const double fase = 2 * pi * (90.0 * t + 60.0 * 0.01 * (1 - std::exp(-t / 0.01)));
         const double tonfo = 0.45 * attacco * std::exp(-t / 0.010) * std::sin(fase);

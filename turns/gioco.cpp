@@ -36,8 +36,8 @@ void punteggio(Frmlesta& f) {
     y += 2 * riga;  // and an empty line
     finestra.Print(X - 105, y, "You   Computer", bianco);
     y += riga;
-    finestra.Print(X - 100, y,
-                   numero(f.mod.punti_giocatore) + std::string(14, ' ') + numero(f.mod.punti_computer), bianco);
+    finestra.Print(X - 100, y, numero(f.mod.punti_giocatore) + std::string(14, ' ') + numero(f.mod.punti_computer),
+                   bianco);
 }
 
 // A new hand: nothing taken, played or swept yet, the turn lights beside

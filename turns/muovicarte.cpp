@@ -136,7 +136,8 @@ Task Frmlesta::muovicarte() {
         // was; and a full table cannot be swept.
         if (quante != 0) {
             // A capture lists at most the twelve cells, and one card at least.
-            assert(quante <= 12 && std::any_of(presa.begin() + 1, presa.begin() + quante + 1, [](Carta c) { return c != 0; }));
+            assert(quante <= 12 &&
+                   std::any_of(presa.begin() + 1, presa.begin() + quante + 1, [](Carta c) { return c != 0; }));
             // The captured cards rise one by one; the top card slides down
             // onto the played card, a step a frame whatever the game's speed.
             for (int i = 1; i <= quante; ++i) {

@@ -32,7 +32,7 @@ public:
         const std::size_t c = classe(n);
         if (c >= classi) return ::operator new(n);
         auto& libero = liberi().testa[c];
-        if (libero == nullptr) return ::operator new(c * passo);
+        if (libero == nullptr) return ::operator new(c* passo);
         return std::exchange(libero, *static_cast<void**>(libero));
 #endif
     }
@@ -72,9 +72,7 @@ public:
         static void* operator new(std::size_t n) { return MemoriaFrame::prendi(n); }
         static void operator delete(void* p, std::size_t n) noexcept { MemoriaFrame::rendi(p, n); }
 
-        Task get_return_object() {
-            return Task{std::coroutine_handle<promise_type>::from_promise(*this)};
-        }
+        Task get_return_object() { return Task{std::coroutine_handle<promise_type>::from_promise(*this)}; }
         std::suspend_always initial_suspend() noexcept { return {}; }
 
         struct Ritorno {

@@ -25,7 +25,6 @@ namespace {
 constexpr int larghezza_disegno = 1024;
 constexpr int altezza_disegno = 799;
 
-
 QString testo_qt(std::string_view s) { return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size())); }
 
 }  // namespace

@@ -25,7 +25,6 @@ namespace lesta {
 
 class Immagini;
 
-
 class FinestraPunteggioQt final : public QWidget, public SuSuperficieQt<FinestraPunteggio> {
     Q_OBJECT
 public:
@@ -86,7 +85,7 @@ private:
     std::map<Chiave, EtichettaQt> etichette_;
     std::array<QWidget*, 9> immagini_carte_{};  // 1..8
     std::array<Imgset, 9> stato_immagini_{};
-    std::array<QPushButton*, 3> bottoni_{};       // 1..2
+    std::array<QPushButton*, 3> bottoni_{};  // 1..2
     std::array<Bottone, 3> stato_bottoni_{};
     Frmscore frm_;  // last: its load draws on everything above
 };

@@ -44,20 +44,21 @@ const LibreriaFluid* carica_fluid() {
     void* fluid = dlopen("libfluidsynth.so.3", RTLD_LAZY | RTLD_LOCAL);
     if (fluid == nullptr) return nullptr;
     static LibreriaFluid l;
-    const bool tutte =
-        prendi(fluid, "new_fluid_settings", l.new_fluid_settings) &&
-        prendi(fluid, "delete_fluid_settings", l.delete_fluid_settings) &&
-        prendi(fluid, "fluid_settings_setnum", l.fluid_settings_setnum) &&
-        prendi(fluid, "fluid_settings_setint", l.fluid_settings_setint) &&
-        prendi(fluid, "new_fluid_synth", l.new_fluid_synth) && prendi(fluid, "delete_fluid_synth", l.delete_fluid_synth) &&
-        prendi(fluid, "fluid_synth_sfload", l.fluid_synth_sfload) &&
-        prendi(fluid, "fluid_synth_all_sounds_off", l.fluid_synth_all_sounds_off) &&
-        prendi(fluid, "fluid_synth_write_s16", l.fluid_synth_write_s16) &&
-        prendi(fluid, "new_fluid_player", l.new_fluid_player) &&
-        prendi(fluid, "delete_fluid_player", l.delete_fluid_player) &&
-        prendi(fluid, "fluid_player_add", l.fluid_player_add) && prendi(fluid, "fluid_player_play", l.fluid_player_play) &&
-        prendi(fluid, "fluid_player_stop", l.fluid_player_stop) &&
-        prendi(fluid, "fluid_player_get_status", l.fluid_player_get_status);
+    const bool tutte = prendi(fluid, "new_fluid_settings", l.new_fluid_settings) &&
+                       prendi(fluid, "delete_fluid_settings", l.delete_fluid_settings) &&
+                       prendi(fluid, "fluid_settings_setnum", l.fluid_settings_setnum) &&
+                       prendi(fluid, "fluid_settings_setint", l.fluid_settings_setint) &&
+                       prendi(fluid, "new_fluid_synth", l.new_fluid_synth) &&
+                       prendi(fluid, "delete_fluid_synth", l.delete_fluid_synth) &&
+                       prendi(fluid, "fluid_synth_sfload", l.fluid_synth_sfload) &&
+                       prendi(fluid, "fluid_synth_all_sounds_off", l.fluid_synth_all_sounds_off) &&
+                       prendi(fluid, "fluid_synth_write_s16", l.fluid_synth_write_s16) &&
+                       prendi(fluid, "new_fluid_player", l.new_fluid_player) &&
+                       prendi(fluid, "delete_fluid_player", l.delete_fluid_player) &&
+                       prendi(fluid, "fluid_player_add", l.fluid_player_add) &&
+                       prendi(fluid, "fluid_player_play", l.fluid_player_play) &&
+                       prendi(fluid, "fluid_player_stop", l.fluid_player_stop) &&
+                       prendi(fluid, "fluid_player_get_status", l.fluid_player_get_status);
     return tutte ? &l : nullptr;
 }
 

@@ -2,8 +2,8 @@
 #include "sound/sdl/media_sdl.h"
 
 #include "sound/sdl/libreria_sdl.h"
-#include "sound/sembra_midi.h"
 #include "sound/sdl/sintetizzatore.h"
+#include "sound/sembra_midi.h"
 
 #include <malloc.h>
 
@@ -423,10 +423,9 @@ std::string font_gm_di_sistema() {
     // General MIDI font that Debian points at, and where other systems keep
     // one.
     static const char* const luoghi[] = {
-        "/usr/share/sounds/sf2/TimGM6mb.sf2",
-        "/usr/share/sounds/sf3/default-GM.sf3", "/usr/share/sounds/sf2/default-GM.sf2",
-        "/usr/share/sounds/sf2/FluidR3_GM.sf2", "/usr/share/soundfonts/default.sf2",
-        "/usr/share/soundfonts/FluidR3_GM.sf2",
+        "/usr/share/sounds/sf2/TimGM6mb.sf2",   "/usr/share/sounds/sf3/default-GM.sf3",
+        "/usr/share/sounds/sf2/default-GM.sf2", "/usr/share/sounds/sf2/FluidR3_GM.sf2",
+        "/usr/share/soundfonts/default.sf2",    "/usr/share/soundfonts/FluidR3_GM.sf2",
     };
     for (const char* luogo : luoghi) {
         std::error_code errore;

@@ -72,7 +72,8 @@ Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
 bool Applicazione::eventFilter(QObject* oggetto, QEvent* e) {
     if (e->type() == QEvent::Paint && oggetto == &tavolo_.superficie()) {
         tavolo_.superficie().removeEventFilter(this);
-        QMetaObject::invokeMethod(this, [] { libera_suoni(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [] { libera_suoni(); }, Qt::QueuedConnection);
         return false;
     }
     if (e->type() != QEvent::MouseButtonPress) return false;

@@ -68,7 +68,9 @@ bool ingrandita(xcb_connection_t* c, xcb_window_t finestra, xcb_atom_t stato) {
 class Sorveglia final : public QObject, public QAbstractNativeEventFilter {
 public:
     Sorveglia(QWidget& finestra, xcb_connection_t* c)
-        : QObject(&finestra), c_(c), finestra_(static_cast<xcb_window_t>(finestra.winId())),
+        : QObject(&finestra),
+          c_(c),
+          finestra_(static_cast<xcb_window_t>(finestra.winId())),
           stato_(atomo(c, "_NET_WM_STATE")) {
         QAbstractEventDispatcher::instance()->installNativeEventFilter(this);
     }

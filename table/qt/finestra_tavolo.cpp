@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
-#include <QVBoxLayout>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -16,13 +15,14 @@
 #include <QShowEvent>
 #include <QTextDocument>
 #include <QTextOption>
+#include <QVBoxLayout>
 #include <QWindow>
 #include <cmath>
 
 #include "table/qt/controllo_figura.h"
 #include "table/qt/immagini.h"
-#include "table/testi_aiuto.h"
 #include "table/qt/superficie_qt.h"
+#include "table/testi_aiuto.h"
 
 namespace lesta {
 
@@ -261,7 +261,7 @@ void FinestraTavoloQt::voce_canzone(int indice, std::string_view titolo) {
 
 QAction* FinestraTavoloQt::voce_canzone(int indice) const {
     return indice >= 1 && indice < static_cast<int>(canzoni_.size()) ? canzoni_[static_cast<std::size_t>(indice)]
-                                                                    : nullptr;
+                                                                     : nullptr;
 }
 
 void FinestraTavoloQt::caption(Controllo c, std::string_view testo) {
@@ -307,8 +307,8 @@ void FinestraTavoloQt::showEvent(QShowEvent* evento) {
 void FinestraTavoloQt::keyPressEvent(QKeyEvent* evento) {
     constexpr auto altri_tasti = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     const int k = evento->key();
-    if (evento->isAutoRepeat() || (evento->modifiers() & altri_tasti) || k < Qt::Key_Space ||
-        k > Qt::Key_AsciiTilde || pannello_con_tastiera()) {
+    if (evento->isAutoRepeat() || (evento->modifiers() & altri_tasti) || k < Qt::Key_Space || k > Qt::Key_AsciiTilde ||
+        pannello_con_tastiera()) {
         QMainWindow::keyPressEvent(evento);
         return;
     }

@@ -19,7 +19,6 @@ namespace lesta {
 
 class Immagini;
 
-
 class FinestraTavoloQt final : public QMainWindow, public SuSuperficieQt<Finestra> {
     Q_OBJECT
 public:
@@ -53,8 +52,8 @@ signals:
     // A key pressed on the table, as the character the keyboard's layout
     // names for it ('1', 'Q'...): see keyPressEvent.
     void tasto(char carattere);
-    void chiusa();        // the window's own close control
-    void prima_volta();   // the window is on screen for the first time
+    void chiusa();       // the window's own close control
+    void prima_volta();  // the window is on screen for the first time
 
 protected:
     void closeEvent(QCloseEvent* evento) override;

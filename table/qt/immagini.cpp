@@ -19,9 +19,7 @@ bool valida(Figura figura) {
     return numero >= 1 && numero <= numero_figure;
 }
 
-bool faccia_o_dorso(Figura figura) {
-    return static_cast<int>(figura) <= static_cast<int>(Figura::Dorso);
-}
+bool faccia_o_dorso(Figura figura) { return static_cast<int>(figura) <= static_cast<int>(Figura::Dorso); }
 
 QString percorso(Figura figura) {
     const int numero = static_cast<int>(figura);

@@ -110,9 +110,7 @@ void SuperficieQt::Print(float x, float y, std::string_view testo, Colore colore
     dipinto();
 }
 
-float SuperficieQt::TextHeight() const {
-    return static_cast<float>(QFontMetrics(carattere()).height() / sy());
-}
+float SuperficieQt::TextHeight() const { return static_cast<float>(QFontMetrics(carattere()).height() / sy()); }
 
 QRect SuperficieQt::in_pixel(const Rett& r) const {
     const double kx = width() / 800.0, ky = height() / 600.0;

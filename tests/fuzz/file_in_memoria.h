@@ -25,7 +25,8 @@ public:
     const std::string& percorso() const { return percorso_; }
 
     void scrivi(std::string_view testo) const {
-        if (::ftruncate(fd_, 0) != 0 || ::pwrite(fd_, testo.data(), testo.size(), 0) != static_cast<ssize_t>(testo.size()))
+        if (::ftruncate(fd_, 0) != 0 ||
+            ::pwrite(fd_, testo.data(), testo.size(), 0) != static_cast<ssize_t>(testo.size()))
             fallito(percorso_.c_str());
     }
 

@@ -18,8 +18,7 @@ using lesta::Impostazioni;
 using lesta::fuzz::verifica;
 
 bool in_campo(const Impostazioni& s) {
-    return s.velocita >= 1 && s.velocita <= 3 && s.canzone >= 0 && s.canzone <= 101 &&
-           lesta::scala_giocabile(s.scala);
+    return s.velocita >= 1 && s.velocita <= 3 && s.canzone >= 0 && s.canzone <= 101 && lesta::scala_giocabile(s.scala);
 }
 
 bool uguali(const Impostazioni& a, const Impostazioni& b) {
@@ -49,7 +48,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quan
     verifica(uguali(lesta::leggi_impostazioni(lesta::scrivi_impostazioni(lette)), lette),
              "the settings written do not read back the same", testo);
     verifica(lesta::Set_Write(file.percorso(), dal_file), "the file cannot be written", testo);
-    verifica(uguali(lesta::Set_Read(file.percorso()), dal_file), "the file written does not read back the same",
-             testo);
+    verifica(uguali(lesta::Set_Read(file.percorso()), dal_file), "the file written does not read back the same", testo);
     return 0;
 }

@@ -19,6 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dati, std::size_t quan
     if (!lesta::sembra_midi(file.percorso())) return 0;
 
     file.scrivi(std::string(byte) + std::string(byte));
-    lesta::fuzz::verifica(lesta::sembra_midi(file.percorso()), "a song with more bytes after it is no song any more", byte);
+    lesta::fuzz::verifica(lesta::sembra_midi(file.percorso()), "a song with more bytes after it is no song any more",
+                          byte);
     return 0;
 }

@@ -66,6 +66,54 @@ QFont in_punti(const QWidget* w, double punti, bool corsivo = false) {
     return f;
 }
 
+// A radio button of the match choice, in the panel's colours.
+QRadioButton* opzione_partita(const char* nome, QWidget* genitore) {
+    auto* b = new QRadioButton(QString::fromLatin1(nome), genitore);
+    b->setAutoFillBackground(true);
+    b->setStyleSheet(QStringLiteral("QRadioButton { background: %1; color: %2; padding-left: 4px; }")
+                         .arg(css(0xC0E0FF), css(0x000080)));
+    b->setFont(in_punti(b, 8));
+    return b;
+}
+
+// The song's title button: the title in italics, broken over lines as a
+// button does.
+QPushButton* bottone_canzone(QWidget* genitore) {
+    auto* canzone = new QPushButton(genitore);
+    canzone->setStyleSheet(
+        QStringLiteral("QPushButton { background: %1; border: 1px solid #404040; }").arg(css(0xC0FFFF)));
+    auto* titolo = new QLabel(canzone);
+    titolo->setObjectName(QStringLiteral("titolo"));
+    titolo->setAlignment(Qt::AlignCenter);
+    titolo->setWordWrap(true);
+    titolo->setAttribute(Qt::WA_TransparentForMouseEvents);
+    titolo->setFont(in_punti(titolo, 9.75, true));
+    auto* disposizione = new QVBoxLayout(canzone);
+    disposizione->setContentsMargins(3, 3, 3, 3);
+    disposizione->addWidget(titolo);
+    return canzone;
+}
+
+// A help panel: the rules in English (the player may write in them), the
+// rules in Italian, or the information, centred and with no scroll bar.
+QPlainTextEdit* pannello_aiuto(Controllo pannello, std::string_view contenuto, QWidget* genitore) {
+    auto* testo = new QPlainTextEdit(genitore);
+    testo->setStyleSheet(QStringLiteral("QPlainTextEdit { background: %1; color: black; }").arg(css(0xC0FFFF)));
+    testo->setPlainText(QString::fromUtf8(contenuto.data(), static_cast<qsizetype>(contenuto.size())));
+    testo->setReadOnly(pannello != Controllo::Text2);
+    testo->setLineWrapMode(QPlainTextEdit::NoWrap);
+    testo->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    if (pannello == Controllo::Text4) {
+        testo->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        QTextOption opzione = testo->document()->defaultTextOption();
+        opzione.setAlignment(Qt::AlignHCenter);
+        testo->document()->setDefaultTextOption(opzione);
+    } else {
+        testo->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    }
+    return testo;
+}
+
 }  // namespace
 
 FinestraTavoloQt::FinestraTavoloQt(Immagini& immagini) : immagini_(immagini) {
@@ -86,16 +134,17 @@ FinestraTavoloQt::FinestraTavoloQt(Immagini& immagini) : immagini_(immagini) {
     crea_menu();
 }
 
+// Every control that ever shows, hidden until the game shows it. The song
+// frame's holder has none: the frame is painted on the table.
 void FinestraTavoloQt::crea_controlli() {
     auto metti = [this](Controllo c, QWidget* w) {
         w->hide();
         widget_[static_cast<std::size_t>(c)] = w;
     };
 
-    metti(Controllo::testo, new ControlloFigura(immagini_, Figura::Titolo, superficie_));
-    // The song frame's holder never shows: the frame is painted on the table.
     // The lamp and the turn lights show at their own size, 13 and 32 pixels
     // square, as pictures in a picture box do; the title fills its box.
+    metti(Controllo::testo, new ControlloFigura(immagini_, Figura::Titolo, superficie_));
     auto* led = new ControlloFigura(immagini_, Figura::Led, superficie_, QSize(13, 13));
     led->setAttribute(Qt::WA_TransparentForMouseEvents);
     metti(Controllo::Led, led);
@@ -103,67 +152,30 @@ void FinestraTavoloQt::crea_controlli() {
         metti(Verde(i), new ControlloFigura(immagini_, Figura::Verde, superficie_, QSize(32, 32)));
         metti(Rosso(i), new ControlloFigura(immagini_, Figura::Rosso, superficie_, QSize(32, 32)));
     }
+
     auto* cornice = new Cornice(superficie_);
     cornice->setAttribute(Qt::WA_TransparentForMouseEvents);
     metti(Controllo::Shape1, cornice);
-
     opzioni_ = new QButtonGroup(this);
     const char* nomi[] = {"Single Game", "11 points Game", "21 points Game"};
     for (int i = 0; i < 3; ++i) {
-        auto* b = new QRadioButton(QString::fromLatin1(nomi[i]), superficie_);
-        b->setAutoFillBackground(true);
-        b->setStyleSheet(QStringLiteral("QRadioButton { background: %1; color: %2; padding-left: 4px; }")
-                             .arg(css(0xC0E0FF), css(0x000080)));
-        b->setFont(in_punti(b, 8));
+        auto* b = opzione_partita(nomi[i], superficie_);
         opzioni_->addButton(b, i);
         metti(Option1(i), b);
     }
     // The first match is a single hand unless the player picks another.
     opzioni_->button(0)->setChecked(true);
     connect(opzioni_, &QButtonGroup::idClicked, this, &FinestraTavoloQt::opzione);
-
     auto* go = new QPushButton(QStringLiteral("GO"), superficie_);
     go->setFont(in_punti(go, 8));
     go->setStyleSheet(QStringLiteral("QPushButton { background: %1; border: 1px solid #404040; }").arg(css(0x80FF80)));
     connect(go, &QPushButton::clicked, this, &FinestraTavoloQt::go);
     metti(Controllo::GO, go);
 
-    // The song's title, in italics, broken over lines as a button does.
-    auto* canzone = new QPushButton(superficie_);
-    canzone->setStyleSheet(
-        QStringLiteral("QPushButton { background: %1; border: 1px solid #404040; }").arg(css(0xC0FFFF)));
-    auto* titolo = new QLabel(canzone);
-    titolo->setObjectName(QStringLiteral("titolo"));
-    titolo->setAlignment(Qt::AlignCenter);
-    titolo->setWordWrap(true);
-    titolo->setAttribute(Qt::WA_TransparentForMouseEvents);
-    titolo->setFont(in_punti(titolo, 9.75, true));
-    auto* disposizione = new QVBoxLayout(canzone);
-    disposizione->setContentsMargins(3, 3, 3, 3);
-    disposizione->addWidget(titolo);
-    metti(Controllo::CmdSong, canzone);
-
-    // The rules in English (the player may write in them), the rules in
-    // Italian, and the information, centred.
+    metti(Controllo::CmdSong, bottone_canzone(superficie_));
     const std::pair<Controllo, std::string_view> pannelli[] = {
         {Controllo::Text2, testo_inglese}, {Controllo::Text3, testo_italiano}, {Controllo::Text4, testo_informazioni}};
-    for (auto [pannello, contenuto] : pannelli) {
-        auto* testo = new QPlainTextEdit(superficie_);
-        testo->setStyleSheet(QStringLiteral("QPlainTextEdit { background: %1; color: black; }").arg(css(0xC0FFFF)));
-        testo->setPlainText(QString::fromUtf8(contenuto.data(), static_cast<qsizetype>(contenuto.size())));
-        testo->setReadOnly(pannello != Controllo::Text2);
-        testo->setLineWrapMode(QPlainTextEdit::NoWrap);
-        testo->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-        if (pannello == Controllo::Text4) {
-            testo->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-            QTextOption opzione = testo->document()->defaultTextOption();
-            opzione.setAlignment(Qt::AlignHCenter);
-            testo->document()->setDefaultTextOption(opzione);
-        } else {
-            testo->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-        }
-        metti(pannello, testo);
-    }
+    for (auto [pannello, contenuto] : pannelli) metti(pannello, pannello_aiuto(pannello, contenuto, superficie_));
 }
 
 void FinestraTavoloQt::crea_menu() {

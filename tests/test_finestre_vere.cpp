@@ -114,7 +114,8 @@ public:
     enum Comandi { mouse, tastiera };
 
     explicit PartitaVera(std::uint32_t seme, Comandi comandi = mouse)
-        : lesta_(immagini(), con_impostazioni(cartella_.percorso())),
+        : comandi_(comandi),
+          lesta_(immagini(), con_impostazioni(cartella_.percorso())),
           giocatore_(
               lesta_.gioco(), seme, [this](float x, float y) { clic_tavolo(x, y); },
               comandi == tastiera ? GiocatoreCasuale::Tasto([this](char t) { tasto(t); }) : GiocatoreCasuale::Tasto()) {
@@ -135,11 +136,19 @@ public:
     }
 
     // The start panel: a kind of match, then GO.
+    // By keys (a single hand, the choice as the panel comes up): GO holds
+    // the keyboard, and Enter starts.
     void scegli(int tipo) {
-        QTest::mouseClick(widget(Option1(tipo)), Qt::LeftButton);
         testimone_ = {};
         lesta_.gioco().osservatore = &testimone_;
-        QTest::mouseClick(widget(Controllo::GO), Qt::LeftButton);
+        if (comandi_ == mouse) {
+            QTest::mouseClick(widget(Option1(tipo)), Qt::LeftButton);
+            QTest::mouseClick(widget(Controllo::GO), Qt::LeftButton);
+            return;
+        }
+        ASSERT_EQ(tipo, 0);
+        ASSERT_TRUE(widget(Controllo::GO)->hasFocus());
+        QTest::keyClick(lesta_.tavolo().windowHandle(), Qt::Key_Return);
     }
 
     // Plays the hand under way until the sheet comes up; false if the game
@@ -230,6 +239,7 @@ public:
     }
 
 private:
+    Comandi comandi_;
     prova::CartellaTemporanea cartella_;
     Applicazione lesta_;
     GiocatoreCasuale giocatore_;

@@ -167,8 +167,11 @@ void FinestraTavoloQt::crea_controlli() {
     opzioni_->button(0)->setChecked(true);
     connect(opzioni_, &QButtonGroup::idClicked, this, &FinestraTavoloQt::opzione);
     auto* go = new QPushButton(QStringLiteral("GO"), superficie_);
+    go->setAutoDefault(true);  // Enter presses it while it has the keyboard
     go->setFont(in_punti(go, 8));
-    go->setStyleSheet(QStringLiteral("QPushButton { background: %1; border: 1px solid #404040; }").arg(css(0x80FF80)));
+    go->setStyleSheet(QStringLiteral("QPushButton { background: %1; border: 1px solid #404040; }"
+                                     "QPushButton:focus { border: 2px solid black; }")
+                          .arg(css(0x80FF80)));
     connect(go, &QPushButton::clicked, this, &FinestraTavoloQt::go);
     metti(Controllo::GO, go);
 
@@ -220,8 +223,13 @@ void FinestraTavoloQt::controllo_cambiato(Controllo c, const Rett& r, bool visib
     // other control can hold it, and the keys would write there unseen.)
     const QWidget* attivo = focusWidget();
     if (!visibile && attivo != nullptr && (attivo == w || w->isAncestorOf(attivo))) superficie_->setFocus();
+    const bool compare = visibile && !w->isVisible();
     w->setVisible(visibile);
     if (in_primo_piano) w->raise();
+    // GO takes the keyboard as the start panel comes up, so that Enter or the
+    // space bar starts the match as a click does; Tab and the arrows reach
+    // the match choice.
+    if (c == Controllo::GO && compare) w->setFocus();
 }
 
 void FinestraTavoloQt::posiziona(Controllo c) {

@@ -11,9 +11,13 @@
 #include <QElapsedTimer>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <QTimer>
 #include <cmath>
+#include <set>
 
 #include "banco.h"
 #include "table/qt/applicazione.h"
@@ -161,6 +165,35 @@ TEST(FinestraTavoloQt, TheMenuTreeHasItsCaptionsAccessKeysAndCheckMarks) {
             EXPECT_TRUE(a->actionGroup() == nullptr || !a->actionGroup()->isExclusive()) << a->text().toStdString();
     tavolo.spunta(Voce::velocita_gioco, 2, true);
     EXPECT_TRUE(tavolo.voce_velocita(2)->isCheckable() && tavolo.voce_velocita(2)->isChecked());
+}
+
+// The primiera tables of both rules panels line their points up in one
+// column, however wide each name is in the panel's proportional font.
+TEST(FinestraTavoloQt, TheRulesTablesLineUpTheirPoints) {
+    FinestraTavoloQt tavolo(immagini());
+    tavolo.show();
+    tavolo.resize(1018, 773);
+    for (Controllo c : {Controllo::Text2, Controllo::Text3}) {
+        tavolo.controllo_cambiato(c, rettangolo_iniziale(c), true, true);
+        auto* testo = static_cast<QPlainTextEdit*>(tavolo.widget(c));
+        QTextOption opzione = testo->document()->defaultTextOption();
+        opzione.setTabStopDistance(testo->tabStopDistance());
+        std::set<int> colonne;
+        int righe = 0;
+        for (QTextBlock b = testo->document()->begin(); b.isValid(); b = b.next()) {
+            const int tab = static_cast<int>(b.text().indexOf(QLatin1Char('\t')));
+            if (tab < 0) continue;
+            QTextLayout riga(b.text(), testo->font());
+            riga.setTextOption(opzione);
+            riga.beginLayout();
+            QTextLine linea = riga.createLine();
+            riga.endLayout();
+            colonne.insert(static_cast<int>(std::lround(linea.cursorToX(tab + 1))));
+            ++righe;
+        }
+        EXPECT_EQ(righe, 7) << static_cast<int>(c);
+        EXPECT_EQ(colonne.size(), 1u) << static_cast<int>(c);
+    }
 }
 
 // A routine that waits on the real clock: a pause takes its time in the event

@@ -8,7 +8,6 @@
 #include <cmath>
 #include <string>
 
-#include "match/frmlesta.h"
 #include "scoring/settanta.h"
 #include "table/sipario.h"
 

@@ -48,7 +48,7 @@ void carta_del_tavolo(Frmlesta& f, float X, float Y) {
     f.posy = scelta.Top;
     if (scelta.tag == Tag::SEL) {
         scelta.tag = Tag::vuoto;
-        f.finestra.PaintPicture(faccia(c), f.posx, f.posy, f.larghezza_carta, f.altezza_carta);
+        ridipingi(f, c);
     } else {
         f.finestra.Box(f.posx + 3, f.posy + 3, f.posx + f.larghezza_carta - 3, f.posy + f.altezza_carta - 3, rosso);
         scelta.tag = Tag::SEL;

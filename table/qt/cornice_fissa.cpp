@@ -37,51 +37,28 @@ xcb_atom_t atomo(xcb_connection_t* c, const char* nome) {
     return a;
 }
 
-// Offers the window manager minimise and close, and maximise while asked.
-void offri(xcb_connection_t* c, xcb_window_t finestra, bool anche_ingrandisci) {
-    const xcb_atom_t hints_motif = atomo(c, "_MOTIF_WM_HINTS");
-    const std::array<std::uint32_t, 5> hints{mwm_funzioni | mwm_decorazioni,
-                                             riduci | chiudi | (anche_ingrandisci ? ingrandisci : 0),
-                                             bordo | titolo | menu | bottone_riduci, 0, 0};
-    xcb_change_property(c, XCB_PROP_MODE_REPLACE, finestra, hints_motif, hints_motif, 32,
-                        static_cast<std::uint32_t>(hints.size()), hints.data());
-    xcb_flush(c);
-}
-
-// Whether the window manager says the window is maximised both ways.
-bool ingrandita(xcb_connection_t* c, xcb_window_t finestra, xcb_atom_t stato) {
-    const xcb_atom_t verticale = atomo(c, "_NET_WM_STATE_MAXIMIZED_VERT");
-    const xcb_atom_t orizzontale = atomo(c, "_NET_WM_STATE_MAXIMIZED_HORZ");
-    xcb_get_property_reply_t* risposta =
-        xcb_get_property_reply(c, xcb_get_property(c, 0, finestra, stato, XCB_ATOM_ATOM, 0, 64), nullptr);
-    if (risposta == nullptr) return false;
-    const auto* atomi = static_cast<const xcb_atom_t*>(xcb_get_property_value(risposta));
-    const auto n = static_cast<std::size_t>(xcb_get_property_value_length(risposta)) / sizeof(xcb_atom_t);
-    const bool v = std::find(atomi, atomi + n, verticale) != atomi + n;
-    const bool o = std::find(atomi, atomi + n, orizzontale) != atomi + n;
-    std::free(risposta);
-    return v && o;
-}
-
-// Takes the offer of maximise back once the window manager has maximised
-// the window: it says so by changing the window's _NET_WM_STATE.
+// Offers the window manager minimise and close, and maximise until the
+// window is maximised: the manager says so by changing the window's
+// _NET_WM_STATE, and then the offer of maximise is taken back.
 class Sorveglia final : public QObject, public QAbstractNativeEventFilter {
 public:
     Sorveglia(QWidget& finestra, xcb_connection_t* c)
         : QObject(&finestra),
           c_(c),
           finestra_(static_cast<xcb_window_t>(finestra.winId())),
-          stato_(atomo(c, "_NET_WM_STATE")) {
+          hints_(atomo(c, "_MOTIF_WM_HINTS")),
+          stato_(atomo(c, "_NET_WM_STATE")),
+          verticale_(atomo(c, "_NET_WM_STATE_MAXIMIZED_VERT")),
+          orizzontale_(atomo(c, "_NET_WM_STATE_MAXIMIZED_HORZ")) {
         QAbstractEventDispatcher::instance()->installNativeEventFilter(this);
     }
     ~Sorveglia() override {
         if (auto* d = QAbstractEventDispatcher::instance()) d->removeNativeEventFilter(this);
     }
 
-    // Offers maximise until the window is maximised.
     void chiedi_ingrandita() {
         attesa_ = true;
-        offri(c_, finestra_, true);
+        offri(true);
     }
 
     bool nativeEventFilter(const QByteArray& tipo, void* messaggio, qintptr*) override {
@@ -89,18 +66,38 @@ public:
         const auto* evento = static_cast<const xcb_generic_event_t*>(messaggio);
         if ((evento->response_type & 0x7f) != XCB_PROPERTY_NOTIFY) return false;
         const auto* cambio = static_cast<const xcb_property_notify_event_t*>(messaggio);
-        if (cambio->window != finestra_ || cambio->atom != stato_) return false;
-        if (ingrandita(c_, finestra_, stato_)) {
-            attesa_ = false;
-            offri(c_, finestra_, false);
-        }
+        if (cambio->window != finestra_ || cambio->atom != stato_ || !ingrandita()) return false;
+        attesa_ = false;
+        offri(false);
         return false;
     }
 
 private:
+    void offri(bool anche_ingrandisci) {
+        const std::array<std::uint32_t, 5> hints{mwm_funzioni | mwm_decorazioni,
+                                                 riduci | chiudi | (anche_ingrandisci ? ingrandisci : 0),
+                                                 bordo | titolo | menu | bottone_riduci, 0, 0};
+        xcb_change_property(c_, XCB_PROP_MODE_REPLACE, finestra_, hints_, hints_, 32,
+                            static_cast<std::uint32_t>(hints.size()), hints.data());
+        xcb_flush(c_);
+    }
+
+    // Whether the window manager says the window is maximised both ways.
+    bool ingrandita() const {
+        xcb_get_property_reply_t* risposta =
+            xcb_get_property_reply(c_, xcb_get_property(c_, 0, finestra_, stato_, XCB_ATOM_ATOM, 0, 64), nullptr);
+        if (risposta == nullptr) return false;
+        const auto* atomi = static_cast<const xcb_atom_t*>(xcb_get_property_value(risposta));
+        const auto* fine =
+            atomi + static_cast<std::size_t>(xcb_get_property_value_length(risposta)) / sizeof(xcb_atom_t);
+        const bool si = std::find(atomi, fine, verticale_) != fine && std::find(atomi, fine, orizzontale_) != fine;
+        std::free(risposta);
+        return si;
+    }
+
     xcb_connection_t* c_;
     xcb_window_t finestra_;
-    xcb_atom_t stato_;
+    xcb_atom_t hints_, stato_, verticale_, orizzontale_;
     bool attesa_ = false;
 };
 

@@ -7,10 +7,13 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
+#include <span>
 #include <string>
 
 #include "match/frmlesta.h"
 #include "match/tavolo.h"
+#include "table/vista.h"
+#include "turns/frasi.h"
 #include "turns/passi.h"
 #include "turns/ritardo.h"
 
@@ -121,6 +124,10 @@ Task Frmlesta::gioco() {
         inizio_turno(*this, lato);
         ++turni;
         if (lato == 1) {
+            racconta([this](Lingua l) {
+                const VistaTavolo vista = vista_del_tavolo(*this);
+                return frasi::tocca_a_te(l, vista.mano, vista.celle);
+            });
             co_await gioco1();
             co_await verifica();
             co_await muovicarte();
@@ -155,7 +162,9 @@ Task Frmlesta::gioco() {
     quante = 0;
     per_ogni_carta(tavolo, [this](Carta c) { metti_in_presa(*this, c); });
     turno = ultima_presa;
+    racconta([this](Lingua l) { return frasi::resto(l, turno, std::span(presa).subspan(1, quante)); });
     if (vuote != 12) co_await muovicarte();
+    mano_in_corso = false;
 
     // Both piles for the score, and the primiera of each.
     const Pile pile = elenca_pile(prese);

@@ -30,6 +30,7 @@ inline void porta_in_gioco(Frmlesta& f, float x, float y) {
     f.posy = y;
     f.finestra.BoxFilled(f.posx - 1, f.posy - 1, f.posx + f.larghezza_carta + 1, f.posy + f.altezza_carta + 1,
                          verde_tavolo);
+    f.in_gioco = f.carta_giocata;
     auto& giocata = f.carta[f.carta_giocata];
     giocata.Left = sinistra_in_gioco(f.meta_larghezza);
     giocata.Top = alto_in_gioco(f.meta_altezza, f.altezza_carta);

@@ -16,7 +16,7 @@ namespace lesta {
 Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
     : tavolo_(immagini),
       foglio_(immagini, mod_),
-      frm_(Piattaforma{tavolo_, orologio_, casuale_, musica_, suono_, *this}, mod_, std::move(cartella)) {
+      frm_(Piattaforma{tavolo_, orologio_, casuale_, musica_, suono_, *this, cronista_}, mod_, std::move(cartella)) {
     // The program folder's settings file, or the player's own when the game
     // is installed where the player may not write.
     frm_.posto_impostazioni = trova_posto_impostazioni(frm_.cartella);

@@ -59,6 +59,7 @@ private:
     // The end of a song reaches the game as an event, like any other.
     MediaSdl musica_{TipoDispositivo::Sequencer, [this] { evento([this] { frm_.MMC1_Done(1); }); }};
     MediaSdl suono_{TipoDispositivo::WaveAudio};
+    CronistaMuto cronista_;
     FinestraTavoloQt tavolo_;
     FinestraPunteggioQt foglio_;
     Frmlesta frm_;

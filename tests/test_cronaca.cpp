@@ -54,9 +54,8 @@ TEST(Frasi, UnaMossaNominaLaCartaGiocataETutteLePrese) {
               "of Spade.");
     EXPECT_EQ(frasi::giocata(Lingua::italiano, 1, 15, prese),
               "Giochi il Cinque di Coppe e prendi il Due di Coppe, il Tre di Bastoni e l'Asso di Spade.");
-    EXPECT_EQ(frasi::giocata(Lingua::inglese, 1, 8, {}), "You play the Girl of Denari: it takes nothing.");
-    EXPECT_EQ(frasi::posata(Lingua::inglese, 8, 3, 4), "The Girl of Denari goes on the table at V.");
-    EXPECT_EQ(frasi::posata(Lingua::italiano, 1, 1, 2), "L'Asso di Denari va in tavola in W.");
+    EXPECT_EQ(frasi::posata(Lingua::inglese, 1, 8, 3, 4), "You lay the Girl of Denari on the table at V.");
+    EXPECT_EQ(frasi::posata(Lingua::italiano, 2, 1, 1, 2), "Il computer mette l'Asso di Denari in tavola in W.");
     const Carta resto[] = {40};
     EXPECT_EQ(frasi::resto(Lingua::inglese, 2, resto),
               "What is left on the table goes to the computer, which took last: the King of Spade.");
@@ -172,14 +171,24 @@ public:
             attese.push_back(prese);
             return;
         }
-        prese.insert(prese.begin(),
-                     (f.turno == 1 ? in("You play ", "Giochi ") : in("The computer plays ", "Il computer gioca ")) +
-                         la_carta(f.carta_giocata, l_));
-        attese.push_back(prese);
+        // A capture names the card played and every card taken; a card laid,
+        // the cell it lies in.
+        const bool prende = !prese.empty();
+        prese.insert(prese.begin(), (f.turno == 1 ? (prende ? in("You play ", "Giochi ") : in("You lay ", "Metti "))
+                                                  : (prende ? in("The computer plays ", "Il computer gioca ")
+                                                            : in("The computer lays ", "Il computer mette "))) +
+                                        la_carta(f.carta_giocata, l_));
+        bool in_tavola = false;
         for (int r = 1; r <= 3; ++r)
             for (int k = 1; k <= 4; ++k)
-                if (f.tavolo[r][k] == f.carta_giocata)
-                    attese.push_back({nome(f.carta_giocata), std::string(" ") + frasi::tasto_cella(r, k) + "."});
+                if (f.tavolo[r][k] == f.carta_giocata) {
+                    prese.push_back(std::string(" ") + frasi::tasto_cella(r, k) + ".");
+                    in_tavola = true;
+                }
+        if (!prende && !in_tavola)  // all twelve cells taken: to the side's own pile
+            prese = {la_carta(f.carta_giocata, l_),
+                     f.turno == 1 ? in("your pile", "tuo mazzetto") : in("computer's pile", "mazzetto del computer")};
+        attese.push_back(prese);
         if (b.mod.leste[f.turno] != leste[f.turno]) {
             leste[f.turno] = b.mod.leste[f.turno];
             attese.push_back({"Lesta!"});

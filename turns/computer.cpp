@@ -84,9 +84,11 @@ Task Frmlesta::gioco2() {
     // outlines are already on the table.
     porta_in_gioco(*this, dorso[slot].Left, dorso[slot].Top);
     dorso[slot].tag = 0;
-    racconta([this](Lingua l) {
-        return frasi::giocata(l, 2, carta_giocata, std::span(presa).subspan(1, static_cast<std::size_t>(quante)));
-    });
+    // A capture is told as the card shows; a card laid, once it lies in its cell.
+    if (quante != 0)
+        racconta([this](Lingua l) {
+            return frasi::giocata(l, 2, carta_giocata, std::span(presa).subspan(1, static_cast<std::size_t>(quante)));
+        });
     co_await ritardo(2);
 }
 

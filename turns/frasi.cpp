@@ -146,18 +146,14 @@ std::string segno(Lingua l, Carta carta, bool segnata, int quante, int somma, Ca
 }
 
 std::string giocata(Lingua l, int lato, Carta carta, std::span<const Carta> prese) {
-    std::string testo =
-        std::string(lato == 1 ? in(l, "You play ", "Giochi ") : in(l, "The computer plays ", "Il computer gioca ")) +
-        la_carta(carta, l);
-    const std::string prese_nomi = elenco(l, prese);
-    if (prese_nomi.empty()) return testo + in(l, ": it takes nothing.", ": non prende niente.");
-    return testo + (lato == 1 ? in(l, " and take ", " e prendi ") : in(l, " and takes ", " e prende ")) + prese_nomi +
-           ".";
+    return std::string(lato == 1 ? in(l, "You play ", "Giochi ") : in(l, "The computer plays ", "Il computer gioca ")) +
+           la_carta(carta, l) + (lato == 1 ? in(l, " and take ", " e prendi ") : in(l, " and takes ", " e prende ")) +
+           elenco(l, prese) + ".";
 }
 
-std::string posata(Lingua l, Carta carta, int riga, int colonna) {
-    return maiuscola(la_carta(carta, l)) + in(l, " goes on the table at ", " va in tavola in ") +
-           tasto_cella(riga, colonna) + ".";
+std::string posata(Lingua l, int lato, Carta carta, int riga, int colonna) {
+    return std::string(lato == 1 ? in(l, "You lay ", "Metti ") : in(l, "The computer lays ", "Il computer mette ")) +
+           la_carta(carta, l) + in(l, " on the table at ", " in tavola in ") + tasto_cella(riga, colonna) + ".";
 }
 
 std::string tavolo_pieno(Lingua l, int lato, Carta carta) {

@@ -40,11 +40,12 @@ std::string deve_prendere(Lingua l, Carta giocata, bool singola);
 // them, adding up to `somma`) are not the capture the card in play must
 // make, why not.
 std::string segno(Lingua l, Carta carta, bool segnata, int quante, int somma, Carta giocata, bool singola);
-// A side (1 the player, 2 the computer) plays a card and takes the cards
-// listed, or nothing.
+// A side (1 the player, 2 the computer) plays a card that takes the cards
+// listed (a list with holes, as a capture list may have).
 std::string giocata(Lingua l, int lato, Carta carta, std::span<const Carta> prese);
-// A card laid on the table, in row r, column k.
-std::string posata(Lingua l, Carta carta, int riga, int colonna);
+// A side plays a card that takes nothing: it lies on the table in row r,
+// column k.
+std::string posata(Lingua l, int lato, Carta carta, int riga, int colonna);
 // A card that finds all twelve cells taken goes to its side's pile.
 std::string tavolo_pieno(Lingua l, int lato, Carta carta);
 // A side takes every card on the table.

@@ -132,7 +132,7 @@ Task Frmlesta::muovicarte() {
         tavolo[static_cast<std::size_t>(riga)][static_cast<std::size_t>(colonna)] = carta_giocata;
         carta[carta_giocata].tag = Tag::vuoto;
         racconta([this](Lingua l) {
-            return frasi::posata(l, carta_giocata, static_cast<int>(riga), static_cast<int>(colonna));
+            return frasi::posata(l, turno, carta_giocata, static_cast<int>(riga), static_cast<int>(colonna));
         });
     } else {
         // A thirteenth card (nothing to take, and all twelve cells taken) has

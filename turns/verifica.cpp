@@ -20,7 +20,6 @@ Task Frmlesta::verifica() {
         per_ogni_carta(tavolo, [this](Carta c) { ridipingi(*this, c); });
         quante = 0;
         somma = 0;
-        racconta([this](Lingua l) { return frasi::giocata(l, 1, carta_giocata, {}); });
     } else {
         racconta([this](Lingua l) { return frasi::deve_prendere(l, carta_giocata, singola); });
         // One pass of the check: the marked cards in scan order become the

@@ -142,4 +142,37 @@ lesta.
 
 const std::string_view testo_informazioni = "Lesta  ver. 3.4\nCarte triestine\n";
 
+std::string_view nome_controllo(Controllo c, Lingua l) {
+    const bool it = l == Lingua::italiano;
+    switch (c) {
+        case Controllo::Text2: return it ? "Regole del gioco in inglese" : "Game rules in English";
+        case Controllo::Text3: return it ? "Regole del gioco in italiano" : "Game rules in Italian";
+        case Controllo::Text4: return it ? "Informazioni" : "Information";
+        case Controllo::Verde0: return it ? "Luce verde dalla tua parte" : "Green light on your side";
+        case Controllo::Rosso0: return it ? "Luce rossa dalla tua parte" : "Red light on your side";
+        case Controllo::Verde1: return it ? "Luce verde dalla parte del computer" : "Green light on the computer's side";
+        case Controllo::Rosso1: return it ? "Luce rossa dalla parte del computer" : "Red light on the computer's side";
+        case Controllo::Led: return it ? "Lampada accanto al mazzetto" : "Lamp by the pile";
+        case Controllo::testo: return "Lesta";
+        default: return {};
+    }
+}
+
+std::string lettura_pannello(Controllo pannello, Lingua l) {
+    const std::string_view testo = pannello == Controllo::Text2   ? testo_inglese
+                                   : pannello == Controllo::Text3 ? testo_italiano
+                                                                  : testo_informazioni;
+    std::string lettura(nome_controllo(pannello, l));
+    lettura += ".\n";
+    for (std::size_t i = 0; i < testo.size(); ++i) {
+        const bool a_capo = testo[i] == '\n';
+        const bool paragrafo = a_capo && i + 1 < testo.size() && testo[i + 1] == '\n';
+        if (!a_capo || paragrafo || i + 1 == testo.size())
+            lettura += testo[i];
+        else
+            lettura += ' ';
+    }
+    return lettura;
+}
+
 }  // namespace lesta

@@ -11,7 +11,9 @@
 #include <string_view>
 
 #include "match/carte.h"
+#include "match/stato.h"
 #include "match/tavolo.h"
+#include "table/controlli.h"
 #include "turns/frasi.h"
 
 namespace lesta {
@@ -34,6 +36,24 @@ struct VistaTavolo {
 };
 
 VistaTavolo vista_del_tavolo(const Frmlesta& f);
+
+// The places of the table a screen reader lists, in this order: the three
+// hand slots, the twelve cells in scan order, the spot of the card in play,
+// the computer's hand, the deck, whose turn it is, each side's leste, and
+// the match.
+inline constexpr int posto_slot = 0, posto_cella = 3, posto_in_gioco = 15, posto_computer = 16, posto_mazzo = 17,
+                     posto_turno = 18, posto_leste = 19 /* and 20 */, posto_partita = 21, numero_posti = 22;
+
+// The table itself, as a screen reader names it.
+std::string_view nome_del_tavolo(Lingua l);
+
+// What a place shows, as a screen reader names it: "1: Seven of Denari",
+// "Q: Two of Coppe, marked", "W: empty"...
+std::string nome_posto(const VistaTavolo& v, const ModLesta& mod, int posto, Lingua l);
+// Where a place stands on the table, in logical units (the leste and the
+// match, which have no place of their own, stand by the piles and at the
+// right edge).
+Rett rett_posto(const Frmlesta& f, int posto);
 
 // The keys that read the table again, for a player who follows it by ear,
 // as a US keyboard names them: H the hand, T the table, I whose turn it is

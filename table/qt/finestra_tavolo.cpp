@@ -20,6 +20,7 @@
 #include <cmath>
 
 #include "table/qt/controllo_figura.h"
+#include "table/qt/cronista_qt.h"
 #include "table/qt/immagini.h"
 #include "table/qt/superficie_qt.h"
 #include "table/testi_aiuto.h"
@@ -179,6 +180,15 @@ void FinestraTavoloQt::crea_controlli() {
     const std::pair<Controllo, std::string_view> pannelli[] = {
         {Controllo::Text2, testo_inglese}, {Controllo::Text3, testo_italiano}, {Controllo::Text4, testo_informazioni}};
     for (auto [pannello, contenuto] : pannelli) metti(pannello, pannello_aiuto(pannello, contenuto, superficie_));
+
+    // Each named for a player who follows the game by ear.
+    const Lingua lingua = lingua_del_desktop();
+    for (int i = 0; i < numero_controlli; ++i) {
+        const auto c = static_cast<Controllo>(i);
+        const std::string_view nome = nome_controllo(c, lingua);
+        if (widget(c) != nullptr && !nome.empty())
+            widget(c)->setAccessibleName(QString::fromUtf8(nome.data(), static_cast<qsizetype>(nome.size())));
+    }
 }
 
 void FinestraTavoloQt::crea_menu() {
@@ -286,8 +296,10 @@ QAction* FinestraTavoloQt::voce_canzone(int indice) const {
 
 void FinestraTavoloQt::caption(Controllo c, std::string_view testo) {
     const QString t = QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
-    if (c == Controllo::CmdSong)
+    if (c == Controllo::CmdSong) {
         widget(c)->findChild<QLabel*>(QStringLiteral("titolo"))->setText(t);
+        widget(c)->setAccessibleName(t);  // the button's words are its label's
+    }
     else if (auto* bottone = qobject_cast<QAbstractButton*>(widget(c)))
         bottone->setText(t);
 }

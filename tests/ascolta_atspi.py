@@ -10,16 +10,16 @@ parted by tabs:
 
     type  role  name  detail1  detail2  any_data
 
-role and name are the source's; any_data is a text as it came, or
-"[role | name]" for an object. Tabs and line ends inside a field are written
-as \\t and \\n.
+role and name are the source's, as they are when the event is read; any_data
+is a text as it came, or "[role | name]" for an object. A backslash, a tab
+and a line end inside a field are written as \\\\, \\t and \\n.
 
 The program's toolkit sends only the events that someone on the bus asked
 for, and nothing before it: start this first, wait for it to be ready (the
-file --pronto names is created then, and "pronto" is written on standard
-error), then start the program. It stops on SIGTERM or SIGINT, or after
---durata seconds, with everything written. SIGUSR1 writes the program's
-accessible tree there and then, one line per object:
+file --pronto names is created then, or without it "pronto" is written on
+standard error), then start the program. It stops on SIGTERM or SIGINT, or
+after --durata seconds, with everything written. SIGUSR1 writes the
+program's accessible tree there and then, one line per object:
 
     albero  depth  role  name  description  states
 
@@ -72,14 +72,22 @@ def campo(testo):
 
 def ruolo_e_nome(oggetto):
     try:
-        return oggetto.getRoleName(), oggetto.name
+        ruolo, nome = oggetto.getRoleName(), oggetto.name
     except Exception:  # an object already gone from the program
         return "?", "?"
+    try:
+        # The name as it is now: the bus's copy is kept from the first time it
+        # was asked, and a program may change a name without saying so. An
+        # object going away keeps the copy.
+        oggetto.clearCache()
+        return oggetto.getRoleName(), oggetto.name
+    except Exception:
+        return ruolo, nome
 
 
-def dati(valore):
+def dati(valore, sorgente, di_sorgente):
     if isinstance(valore, pyatspi.Accessible):
-        ruolo, nome = ruolo_e_nome(valore)
+        ruolo, nome = di_sorgente if valore == sorgente else ruolo_e_nome(valore)
         return "[%s | %s]" % (ruolo, nome)
     if valore is None:
         return ""
@@ -115,7 +123,8 @@ class Ascolto:
         if not self.del_programma(evento):
             return
         ruolo, nome = ruolo_e_nome(evento.source)
-        self.scrivi(evento.type, ruolo, nome, evento.detail1, evento.detail2, dati(evento.any_data))
+        self.scrivi(evento.type, ruolo, nome, evento.detail1, evento.detail2,
+                    dati(evento.any_data, evento.source, (ruolo, nome)))
 
     def albero(self):
         for applicazione in pyatspi.Registry.getDesktop(0):
@@ -170,7 +179,8 @@ def main():
     if argomenti.pronto:
         with open(argomenti.pronto, "w", encoding="utf-8"):
             pass
-    print("pronto", file=sys.stderr, flush=True)
+    else:
+        print("pronto", file=sys.stderr, flush=True)
 
     pyatspi.Registry.start()
     pyatspi.Registry.deregisterEventListener(ascolto.evento, *EVENTI)

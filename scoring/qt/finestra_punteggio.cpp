@@ -170,6 +170,7 @@ void FinestraPunteggioQt::Show() {
 void FinestraPunteggioQt::leggi_il_foglio(const QString& lettura) {
     QPushButton* avanti = bottoni_[1];
     avanti->setAccessibleDescription(lettura);
+    avanti->setAutoDefault(true);  // Enter presses it while it holds the keyboard
     avanti->setFocus(Qt::OtherFocusReason);
 }
 

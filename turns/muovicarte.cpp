@@ -12,6 +12,7 @@
 #include "match/frmlesta.h"
 #include "match/geometria.h"
 #include "match/tavolo.h"
+#include "turns/fine_mano.h"
 #include "turns/ritardo.h"
 
 namespace lesta {
@@ -141,10 +142,10 @@ Task Frmlesta::muovicarte() {
             // The captured cards rise one by one; the top card slides down
             // onto the played card, a step a frame whatever the game's speed.
             for (int i = 1; i <= quante; ++i) {
-                co_await ritardo(1);
+                co_await ritardo(pausa::prima_di_salire);
                 sale(*this, i);
             }
-            co_await ritardo(2);
+            co_await ritardo(pausa::presa_sollevata);
             ultima_presa = turno;
             // The holes at the end of the list go: its last card tops the stack.
             while (presa[quante] == 0) --quante;
@@ -158,19 +159,18 @@ Task Frmlesta::muovicarte() {
         }
         // The stack is turned over and carried to its pile, where the lamp
         // lights for a moment.
-        co_await ritardo(1);
+        co_await ritardo(pausa::prima_di_capovolgere);
         capovolgi(*this);
-        co_await ritardo(2);
+        co_await ritardo(pausa::capovolta);
         in_pila(*this);
-        co_await ritardo(2);
+        co_await ritardo(pausa::lampada_accesa);
         Visible(Controllo::Led, false);
         // Only now, with the stack on the pile, are the player's cards counted.
         if (turno == 1) conta_le_prese(prese, carta_giocata, presa, quante);
     }
 
     vuote = togli_le_prese(tavolo, carta);
-    // A sweep, except with the last card of the hand.
-    if (vuote == 12 && posizione_mazzo + mosse != 28) {
+    if (fa_lesta(vuote, posizione_mazzo, mosse)) {
         ++mod.leste[turno];
         segno_della_lesta(*this);
     }

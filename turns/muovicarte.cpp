@@ -13,6 +13,7 @@
 #include "match/geometria.h"
 #include "match/tavolo.h"
 #include "turns/fine_mano.h"
+#include "turns/passi.h"
 #include "turns/ritardo.h"
 
 namespace lesta {
@@ -68,8 +69,7 @@ void dipingi_posata(Frmlesta& f) {
     posata.Left = sinistra_cella(f.colonna, f.tavolox, f.larghezza_carta);
     posata.Top = alto_cella(f.riga, f.tavoloy, f.altezza_carta);
     f.finestra.PaintPicture(faccia(f.carta_giocata), posata.Left, posata.Top, f.larghezza_carta, f.altezza_carta);
-    f.finestra.BoxFilled(f.posx - 1, f.posy - 1, f.posx + f.larghezza_carta + 1, f.posy + f.altezza_carta + 1,
-                         verde_tavolo);
+    cancella_carta(f, f.posx, f.posy);
 }
 
 // Entry i of the capture list rises onto the stack above the played card,
@@ -77,8 +77,7 @@ void dipingi_posata(Frmlesta& f) {
 void sale(Frmlesta& f, int i) {
     const Carta c = f.presa[i];
     if (c == 0) return;
-    f.finestra.BoxFilled(f.presax[i] - 1, f.presay[i] - 1, f.presax[i] + f.larghezza_carta + 1,
-                         f.presay[i] + f.altezza_carta + 1, verde_tavolo);
+    cancella_carta(f, f.presax[i], f.presay[i]);
     f.carta[c].Left = f.posx;
     f.carta[c].Top = static_cast<float>(f.posy - i * 0.3 * f.altezza_carta);
     f.finestra.PaintPicture(faccia(c), f.carta[c].Left, f.carta[c].Top, f.larghezza_carta, f.altezza_carta);
@@ -88,8 +87,7 @@ void sale(Frmlesta& f, int i) {
 // wiped above it.
 void scende(Frmlesta& f, Carta cima, std::int32_t t) {
     f.finestra.PaintPicture(faccia(cima), f.posx, static_cast<float>(t + 1), f.larghezza_carta, f.altezza_carta);
-    f.finestra.BoxFilled(f.posx - 1, static_cast<float>(t - 3), f.posx + f.larghezza_carta + 1, static_cast<float>(t),
-                         verde_tavolo);
+    cancella(f, f.posx, static_cast<float>(t - 3), static_cast<float>(t));
 }
 
 // The stack turned over on the spot of the played card.
@@ -100,8 +98,8 @@ void capovolgi(Frmlesta& f) {
 // The stack carried to the pile of the side on turn, and the lamp beside
 // the pile lit.
 void in_pila(Frmlesta& f) {
-    f.finestra.BoxFilled(f.posx - 1, f.posy - 1, f.posx + f.larghezza_carta + 1, f.posy + f.altezza_carta + 3,
-                         verde_tavolo);
+    // The turned stack stands 2 lower than the played card.
+    cancella(f, f.posx, f.posy - 1, f.posy + f.altezza_carta + 3);
     const auto pila = static_cast<float>(f.pilay[f.turno]);
     f.finestra.PaintPicture(Figura::Dorso, 100, pila, f.larghezza_carta, f.altezza_carta);
     const Rett& led = f.rett(Controllo::Led);

@@ -51,7 +51,7 @@ Task Frmlesta::gioco2() {
         ridipingi(*this, c);
         carta[c].tag = Tag::vuoto;
     });
-    co_await ritardo(2);
+    co_await ritardo(pausa::computer_pensa);
 
     // The first card that can capture is played. The search clears the card
     // in play when it takes nothing; it keeps it when there are too many
@@ -82,7 +82,7 @@ Task Frmlesta::gioco2() {
     // outlines are already on the table.
     porta_in_gioco(*this, dorso[slot].Left, dorso[slot].Top);
     dorso[slot].tag = 0;
-    co_await ritardo(2);
+    co_await ritardo(pausa::carta_del_computer);
 }
 
 }  // namespace lesta

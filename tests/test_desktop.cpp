@@ -288,7 +288,8 @@ TEST(FinestraTavoloQt, AKeyIsNamedByItsPlaceOnEveryLayout) {
 // While the start panel shows, Enter, the keypad's Enter and the space bar
 // press GO whoever holds the keyboard: GO, a match choice (which the space
 // bar does not pick), the table, the song's button, the Italian rules or the
-// information. The English rules, which the player can write in, keep them.
+// information. The English rules, which the player can write in, keep them,
+// and so does the menu bar when Alt has given it the keyboard.
 // The arrows move between the choices and pick them. Held, or with Ctrl,
 // Alt or Meta, they do nothing; with the panel gone, they press nothing.
 TEST(FinestraTavoloQt, EnterAndTheSpaceBarPressGoWheneverTheStartPanelShows) {
@@ -335,6 +336,8 @@ TEST(FinestraTavoloQt, EnterAndTheSpaceBarPressGoWheneverTheStartPanelShows) {
     }
     EXPECT_EQ(inglese->toPlainText().size(), lunghezza + 2);
     t.mostra(Controllo::Text2, false);
+    t.tavolo.menuBar()->setFocus();
+    QTest::keyClick(finestra, Qt::Key_Return);
 
     // The arrows move the keyboard only in the active window, which a
     // compositor with no keyboard never makes the table.

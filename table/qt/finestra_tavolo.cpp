@@ -342,7 +342,8 @@ void FinestraTavoloQt::keyPressEvent(QKeyEvent* evento) {
 // holds the keyboard: a match choice, GO, the table, the song's button, or
 // the Italian rules or the information, which are only read. The English
 // rules keep them, as they keep every key: there they write, and a blank
-// typed in them starts nothing. The keys are taken on their way to the
+// typed in them starts nothing. So does the menu bar, reached by Alt: there
+// Enter opens the menu it points at. The keys are taken on their way to the
 // window, before the control that holds the keyboard sees them, so that the
 // space bar does not pick the choice that holds it; the arrows still go to
 // the choices and move between them. Held down, or with Ctrl, Alt or Meta,
@@ -352,7 +353,7 @@ bool FinestraTavoloQt::eventFilter(QObject* oggetto, QEvent* evento) {
     const auto* e = static_cast<QKeyEvent*>(evento);
     const bool avvio = e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter || e->key() == Qt::Key_Space;
     auto* go = static_cast<QAbstractButton*>(widget(Controllo::GO));
-    if (!avvio || !go->isVisible() || tiene_tastiera(Controllo::Text2)) return false;
+    if (!avvio || !go->isVisible() || tiene_tastiera(Controllo::Text2) || focusWidget() == menuBar()) return false;
     if (!e->isAutoRepeat() && !(e->modifiers() & altri_tasti)) go->click();
     return true;
 }

@@ -115,8 +115,9 @@ public:
 
 class PartitaVera {
 public:
-    // How the player makes its moves: the mouse, the keys as the layout
-    // names them, or the keys by their place.
+    // How the player makes its moves: the mouse, the keys by their character
+    // alone (as a platform that gives no key's place sends them), or the
+    // keys by their place.
     enum Comandi { mouse, tastiera, posto };
 
     explicit PartitaVera(std::uint32_t seme, Comandi comandi = mouse)
@@ -469,7 +470,7 @@ TEST(FinestreVere, EnterStartsTheMatchAfterAClickOnAChoiceOrOnThePanelsAndTheTab
                             {"the rules, then the table", 0, Qt::Key_Return, true}}) {
         SCOPED_TRACE(caso.come);
         PartitaVera p(3);
-        p.avvia();
+        ASSERT_NO_FATAL_FAILURE(p.avvia());
         if (caso.dalle_regole) {
             p.lesta().tavolo().voce_english()->trigger();
             auto* regole = static_cast<QPlainTextEdit*>(p.widget(Controllo::Text2));

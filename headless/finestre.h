@@ -23,13 +23,15 @@ struct ControlloVisto {
     Rett r;
     bool visibile = false;
     bool in_primo_piano = false;
+    int alzato = 0;  // when it was last brought to the front: the larger stands in front
 };
 
 // What both stand-ins record of the controls and menus.
 class FinestraSenzaSchermo : public Finestra {
 public:
     void controllo_cambiato(Controllo c, const Rett& r, bool visibile, bool in_primo_piano) override {
-        controlli[static_cast<std::size_t>(c)] = {r, visibile, in_primo_piano};
+        auto& visto = controlli[static_cast<std::size_t>(c)];
+        visto = {r, visibile, in_primo_piano, in_primo_piano ? ++alzate_ : visto.alzato};
     }
     void spunta(Voce voce, int indice, bool spuntata) override { spunte[{voce, indice}] = spuntata; }
     void voce_canzone(int indice, std::string_view titolo) override {
@@ -49,6 +51,9 @@ public:
     std::vector<std::string> voci_canzoni;  // the song entries of the music menu, 1..n
     std::array<std::string, numero_controlli> captions{};
     int larghezza = 1024;
+
+private:
+    int alzate_ = 0;
 };
 
 class FinestraNulla final : public FinestraSenzaSchermo {
@@ -96,6 +101,10 @@ public:
     // The picture last painted over the point, or 0 if the point has been
     // painted over since by a line or a box.
     int figura_a(float x, float y) const;
+    // The whole raster, row by row from the top: each pixel's colour, and
+    // the picture it was last painted with as figura_a gives it.
+    const std::vector<Colore>& pixel() const { return pixel_; }
+    const std::vector<int>& figure() const { return figura_; }
 
     struct Scritta {
         float x, y;

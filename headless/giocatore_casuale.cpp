@@ -44,7 +44,7 @@ bool GiocatoreCasuale::scegli_selezione() {
 }
 
 void GiocatoreCasuale::clic_mano(int slot) {
-    if (tasto_) return tasto_(static_cast<char>('0' + slot));
+    if (tasto_) return tasto_(tasti_mano[static_cast<std::size_t>(slot - 1)]);
     // The middle of the slot's fixed hit area.
     const float x = sinistra_area_mano[static_cast<std::size_t>(slot)] + std::min(f_.larghezza_carta, 64.0f) / 2;
     premi(x, alto_area_mano + f_.altezza_carta / 2);
@@ -52,11 +52,9 @@ void GiocatoreCasuale::clic_mano(int slot) {
 
 void GiocatoreCasuale::clic_tavolo(Carta c) {
     if (tasto_) {
-        // The keys of the cells as they stand on the keyboard, row by row.
-        constexpr char griglia[3][5] = {"QWER", "ASDF", "ZXCV"};
         for (int r = 1; r <= 3; ++r)
             for (int k = 1; k <= 4; ++k)
-                if (f_.tavolo[r][k] == c) return tasto_(griglia[r - 1][k - 1]);
+                if (f_.tavolo[r][k] == c) return tasto_(tasti_celle[static_cast<std::size_t>((r - 1) * 4 + k - 1)]);
         return;
     }
     premi(f_.carta[c].Left + f_.larghezza_carta / 2, f_.carta[c].Top + f_.altezza_carta / 2);

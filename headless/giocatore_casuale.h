@@ -21,8 +21,8 @@ public:
     // to the game, or through a real window.
     using Clic = std::function<void(float x, float y)>;
     // Where a key goes, for a player who plays by the keyboard: '1' to '3'
-    // for the hand, and for the table the letter printed on the key of the
-    // card's cell, as the rules name them.
+    // for the hand, and for the table the letter of the card's cell, by the
+    // names the game gives its keys (tasti_mano, tasti_celle).
     using Tasto = std::function<void(char tasto)>;
 
     GiocatoreCasuale(Frmlesta& tavolo, std::uint32_t seme, Clic clic = {}, Tasto tasto = {})

@@ -69,7 +69,7 @@ Task Frmlesta::Form_Activate() {
     Visible(Controllo::testo, false);
 
     if (mod.command1 != "CONTINUE") {
-        co_await ritardo(2);
+        co_await ritardo(pausa::schermo_blu);
         sipario(finestra, rosa_pannello);
         if (canzone != 0) Quadro_Song();
         co_await pannello_inizio();

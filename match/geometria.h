@@ -132,17 +132,20 @@ constexpr bool scala_giocabile(float scala) {
 //     Q W E R
 //     A S D F
 //     Z X C V
-// Upper and lower case are one key. The click it stands for is then judged
-// as any click is: a played slot or an empty cell shows the table colour
-// there, and nothing happens.
-inline constexpr std::string_view tasti_celle = "qwerasdfzxcv";
+// A key is named as a US keyboard prints it (a letter by its capital), and
+// the desktop names each key by its place, whatever the layout: the same
+// twelve keys make the same rectangle on every keyboard. The click a key
+// stands for is then judged as any click is: a played slot or an empty cell
+// shows the table colour there, and nothing happens.
+inline constexpr std::string_view tasti_mano = "123";
+inline constexpr std::string_view tasti_celle = "QWERASDFZXCV";
 
 // The point a key stands for, or nothing for a key that plays nothing; the
 // table's grid has its top left corner at (tavolox, tavoloy).
 constexpr std::optional<Punto> punto_del_tasto(char tasto, float larghezza_carta, float altezza_carta, float tavolox,
                                                float tavoloy, float meta_larghezza = 400) {
-    if (tasto >= '1' && tasto <= '3') return centro_mano(tasto - '0', larghezza_carta, altezza_carta, meta_larghezza);
-    if (tasto >= 'A' && tasto <= 'Z') tasto = static_cast<char>(tasto - 'A' + 'a');
+    if (const std::size_t slot = tasti_mano.find(tasto); slot != std::string_view::npos)
+        return centro_mano(static_cast<int>(slot) + 1, larghezza_carta, altezza_carta, meta_larghezza);
     const std::size_t i = tasti_celle.find(tasto);
     if (i == std::string_view::npos) return std::nullopt;
     const auto riga = static_cast<float>(i / 4 + 1), colonna = static_cast<float>(i % 4 + 1);

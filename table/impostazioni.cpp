@@ -3,7 +3,6 @@
 
 #include "match/geometria.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -13,32 +12,41 @@
 namespace lesta {
 namespace {
 
-// A number ends at a blank or a comma; a carriage return before the line
-// feed is a blank too.
-constexpr bool separatore(char c) { return c == ' ' || c == '\t' || c == ',' || c == '\r'; }
+constexpr bool spazio(char c) { return c == ' ' || c == '\t'; }
+constexpr bool fine_riga(char c) { return c == '\r' || c == '\n'; }
 
-// The next line of the text, without its line feed; `pos` moves past it.
-std::string_view prossima_riga(std::string_view testo, std::size_t& pos) {
-    const std::size_t inizio = std::min(pos, testo.size());
-    const std::size_t fine = std::min(testo.find('\n', inizio), testo.size());
-    pos = fine + 1;
-    return testo.substr(inizio, fine - inizio);
-}
-
-// The first number of a line, or nothing if the line is blank or its first
-// item is not a number. The rest of the line is not looked at.
-std::optional<double> numero_della_riga(std::string_view riga) {
-    std::size_t pos = 0;
-    while (pos < riga.size() && separatore(riga[pos])) ++pos;
-    const std::size_t inizio = pos;
-    while (pos < riga.size() && !separatore(riga[pos])) ++pos;
-    if (inizio == pos) return std::nullopt;
-    std::string_view voce = riga.substr(inizio, pos - inizio);
+// An item as a number: a sign may lead, and the whole item must be the number.
+std::optional<double> numero_della_voce(std::string_view voce) {
+    if (voce.empty()) return std::nullopt;
     if (voce.front() == '+') voce.remove_prefix(1);
     double valore = 0;
     const auto [fine, errore] = std::from_chars(voce.data(), voce.data() + voce.size(), valore);
     if (errore != std::errc{} || fine != voce.data() + voce.size() || !std::isfinite(valore)) return std::nullopt;
     return valore;
+}
+
+// One read of the file from `pos`: the blanks are skipped, the item runs up
+// to a blank, a comma or the end of a line, and then the blanks after it and
+// the one comma or line end (CR, LF or CR LF) that closes it are passed, so
+// that the next read starts at the next item. An empty item (a comma or a
+// line's end where the item would start, or the end of the text) gets no
+// number, nor does an item that is not a number.
+std::optional<double> leggi_numero(std::string_view testo, std::size_t& pos) {
+    const auto salta_spazi = [&] {
+        while (pos < testo.size() && spazio(testo[pos])) ++pos;
+    };
+    salta_spazi();
+    const std::size_t inizio = pos;
+    while (pos < testo.size() && !spazio(testo[pos]) && testo[pos] != ',' && !fine_riga(testo[pos])) ++pos;
+    const std::string_view voce = testo.substr(inizio, pos - inizio);
+    salta_spazi();
+    if (pos < testo.size() && testo[pos] == ',') {
+        ++pos;
+    } else if (pos < testo.size() && fine_riga(testo[pos])) {
+        if (testo[pos] == '\r' && pos + 1 < testo.size() && testo[pos + 1] == '\n') ++pos;
+        ++pos;
+    }
+    return numero_della_voce(voce);
 }
 
 bool intero(double v) { return v == std::floor(v); }
@@ -78,13 +86,13 @@ Impostazioni leggi_impostazioni(std::string_view testo) {
     Impostazioni lette;
     std::size_t pos = 0;
 
-    if (auto v = numero_della_riga(prossima_riga(testo, pos)); v && (*v == 1 || *v == 2 || *v == 3))
+    if (auto v = leggi_numero(testo, pos); v && (*v == 1 || *v == 2 || *v == 3))
         lette.velocita = static_cast<std::uint8_t>(*v);
 
-    if (auto v = numero_della_riga(prossima_riga(testo, pos)); v && intero(*v) && *v >= 0 && *v <= 101)
+    if (auto v = leggi_numero(testo, pos); v && intero(*v) && *v >= 0 && *v <= 101)
         lette.canzone = static_cast<std::int16_t>(*v);
 
-    if (auto v = numero_della_riga(prossima_riga(testo, pos)); v && scala_giocabile(scala_da_percento(*v)))
+    if (auto v = leggi_numero(testo, pos); v && scala_giocabile(scala_da_percento(*v)))
         lette.scala = scala_da_percento(*v);
 
     return lette;

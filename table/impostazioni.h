@@ -21,12 +21,16 @@ struct Impostazioni {
     float scala = 0.75f;        // a fraction: 75 in the file is 0.75
 };
 
-// Reads the file's text line by line: the position of a line alone says
-// what its number means, so a blank line leaves its own field and the lines
-// after it keep theirs. A line's number is its first item, ended by a blank,
-// a comma or the line's end; lines after the third are not read. A line
-// that is missing, blank or holds no number in range leaves its field at the
-// default, so that the game always starts with no message:
+// Reads the file's text as three reads, one for each field in turn. A read
+// skips the blanks and takes one item, which ends at a blank, a comma or the
+// end of a line (CR, LF or CR LF); the blanks after it and the comma or line
+// end that closes it are passed. So " 2 \r\n 101 \r\n 75 \r\n", "2,101,75"
+// and " 2 \r 101 \r 75 \r" read alike, and "2 101" on a line is two reads.
+// An empty line, an empty item between commas, or an item that is not a
+// number is a read that gets no number: its field is left as a missing one
+// is, and the fields after it keep their own reads. Nothing after the third
+// read is looked at. A field whose read gets no number in range is left at
+// the default, so that the game always starts with no message:
 //   rate    anything but 1, 2 or 3          gives 2, "Middle"
 //   music   anything but 0..101, or 1..100 with a fraction, gives 0, no music
 //   scale   one at which a hand card cannot be played by a click on it gives

@@ -39,11 +39,14 @@ Select the table cards by clicking on
 each of them; click a card again to
 deselect it.
 
-The keys play too: Enter is GO;
-1, 2 and 3 play the cards of your
-hand from the left; Q W E R, A S D F
-and Z X C V select the table cards,
-row by row.
+The keys play too: Enter or the space
+bar is GO; 1, 2 and 3 play the cards
+of your hand from the left; Q W E R,
+A S D F and Z X C V select the table
+cards, row by row. The keys are named
+as a US keyboard prints them; what
+counts is where a key is, not what
+your keyboard prints on it.
 
 Taking all the cards of the table is
 a lesta, a sweep: the card that made
@@ -96,11 +99,14 @@ Si scelgono le carte in tavola con
 un clic su ciascuna; un altro clic
 sulla stessa carta la toglie.
 
-Si gioca anche coi tasti: Invio è GO;
-1, 2 e 3 giocano le carte in mano, da
-sinistra; Q W E R, A S D F e Z X C V
-scelgono le carte in tavola, riga per
-riga.
+Si gioca anche coi tasti: Invio o la
+barra spaziatrice è GO; 1, 2 e 3
+giocano le carte in mano, da sinistra;
+Q W E R, A S D F e Z X C V scelgono le
+carte in tavola, riga per riga. I nomi
+dei tasti sono quelli di una tastiera
+americana: conta il posto del tasto,
+non quel che c'è scritto sopra.
 
 Prendere tutte le carte in tavola è
 una lesta: la carta che l'ha fatta

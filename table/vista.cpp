@@ -73,7 +73,8 @@ VistaTavolo vista_del_tavolo(const Frmlesta& f) {
 std::string_view nome_del_tavolo(Lingua l) { return in(l, "Table", "Tavola"); }
 
 std::string nome_posto(const VistaTavolo& v, const ModLesta& mod, int posto, Lingua l) {
-    if (posto < posto_cella) return posto_con_carta(l, static_cast<char>('1' + posto), v.mano[static_cast<std::size_t>(posto + 1)]);
+    if (posto < posto_cella)
+        return posto_con_carta(l, static_cast<char>('1' + posto), v.mano[static_cast<std::size_t>(posto + 1)]);
     if (posto < posto_in_gioco) {
         const int r = (posto - posto_cella) / 4 + 1, k = (posto - posto_cella) % 4 + 1;
         const Carta c = v.celle[r][k];
@@ -101,7 +102,8 @@ std::string nome_posto(const VistaTavolo& v, const ModLesta& mod, int posto, Lin
             const int lato = posto - posto_leste + 1;
             return std::string(lato == 1 ? in(l, "Your leste: ", "Le tue leste: ")
                                          : in(l, "The computer's leste: ", "Le leste del computer: ")) +
-                   elenco_leste(l, v.leste[static_cast<std::size_t>(lato)], v.numero_leste[static_cast<std::size_t>(lato)]);
+                   elenco_leste(l, v.leste[static_cast<std::size_t>(lato)],
+                                v.numero_leste[static_cast<std::size_t>(lato)]);
         }
         default:
             return frasi::la_partita(l, mod.tipo_partita, mod.partite / 10, mod.punti_giocatore, mod.punti_computer);
@@ -113,8 +115,8 @@ Rett rett_posto(const Frmlesta& f, int posto) {
     if (posto < posto_cella) return {sinistra_mano(posto, w, f.meta_larghezza), alto_mano_giocatore(h), w, h};
     if (posto < posto_in_gioco) {
         const int r = (posto - posto_cella) / 4 + 1, k = (posto - posto_cella) % 4 + 1;
-        return {sinistra_cella(static_cast<float>(k), f.tavolox, w), alto_cella(static_cast<float>(r), f.tavoloy, h),
-                w, h};
+        return {sinistra_cella(static_cast<float>(k), f.tavolox, w), alto_cella(static_cast<float>(r), f.tavoloy, h), w,
+                h};
     }
     switch (posto) {
         case posto_in_gioco: return {sinistra_in_gioco(f.meta_larghezza), alto_in_gioco(f.meta_altezza, h), w, h};
@@ -130,7 +132,7 @@ Rett rett_posto(const Frmlesta& f, int posto) {
 
 std::string lettura(const Frmlesta& f, char tasto, Lingua l) {
     const VistaTavolo v = vista_del_tavolo(f);
-    switch (maiuscola(tasto)) {
+    switch (tasto) {
         case 'H': return frasi::le_tue_carte(l, v.mano);
         case 'T': return frasi::sul_tavolo(l, v.celle, v.segnate, v.in_gioco);
         case 'I':

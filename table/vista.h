@@ -59,8 +59,7 @@ Rett rett_posto(const Frmlesta& f, int posto);
 // as a US keyboard names them: H the hand, T the table, I whose turn it is
 // with the deck and the leste, P the match so far. None of them plays.
 inline constexpr std::string_view tasti_lettura = "HTIP";
-constexpr char maiuscola(char t) { return t >= 'a' && t <= 'z' ? static_cast<char>(t - 'a' + 'A') : t; }
-constexpr bool tasto_di_lettura(char t) { return tasti_lettura.find(maiuscola(t)) != std::string_view::npos; }
+constexpr bool tasto_di_lettura(char t) { return tasti_lettura.find(t) != std::string_view::npos; }
 
 // What a reading key says now, or nothing for any other key.
 std::string lettura(const Frmlesta& f, char tasto, Lingua l);

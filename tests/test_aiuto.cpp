@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "banco.h"
+#include "match/geometria.h"
 #include "table/testi_aiuto.h"
 
 namespace lesta {
@@ -86,6 +87,28 @@ TEST(TestiAiuto, LinesFitThePanel) {
             EXPECT_LE(n, 38) << r;
             EXPECT_TRUE(r.empty() || r.back() != ' ') << r;
         }
+    }
+}
+
+// Both rules panels name the keys that play as the game names them, the
+// table's a row of keys at a time, and say that a key counts by its place.
+TEST(TestiAiuto, TheRulesNameTheKeysThatPlay) {
+    std::vector<std::string> nomi;
+    for (std::size_t i = 0; i < tasti_mano.size(); ++i) nomi.emplace_back(1, tasti_mano[i]);
+    for (std::size_t riga = 0; riga < tasti_celle.size(); riga += 4) {
+        std::string r;
+        for (std::size_t k = riga; k < riga + 4; ++k) (r += tasti_celle[k]) += ' ';
+        nomi.push_back(r.substr(0, r.size() - 1));
+    }
+    const std::pair<std::string_view, std::string_view> testi[] = {{testo_inglese, "where a key is"},
+                                                                   {testo_italiano, "il posto del tasto"}};
+    for (auto [testo, posto] : testi) {
+        // The paragraph on keys, on one line.
+        std::string tasti(testo.substr(testo.find("GO;")));
+        tasti = tasti.substr(0, tasti.find("\n\n"));
+        std::replace(tasti.begin(), tasti.end(), '\n', ' ');
+        for (const std::string& nome : nomi) EXPECT_NE(tasti.find(nome), std::string::npos) << nome << " in " << tasti;
+        EXPECT_NE(tasti.find(posto), std::string::npos) << tasti;
     }
 }
 

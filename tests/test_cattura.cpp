@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "banco.h"
+#include "turns/fine_mano.h"
 #include "turns/presa.h"
 
 namespace lesta {
@@ -99,6 +100,33 @@ TEST(Cattura, SenzaPresaLaCartaVaSulTavoloSenzaAttendere) {
     ASSERT_TRUE(b.verifica(5).done());
     EXPECT_EQ(b.finestra.Point(due.Left + 3, due.Top + 20), bianco);
     EXPECT_EQ(b.orologio.millisecondi(), 325);
+}
+
+// The 36 moves of a hand as the hand loop counts them, deal d with the deck at
+// 4 + 3d and the move's own card counted in `mosse`: only the 36th is the
+// last card, and it alone sweeps nothing; the gathering after it counts as
+// that same card. Nothing sweeps a table that is not left empty.
+TEST(FineMano, SoloLUltimaCartaNonFaLesta) {
+    for (int d = 1; d <= 6; ++d)
+        for (int mosse = 1; mosse <= 6; ++mosse) {
+            const int posizione = 4 + 3 * d;
+            const bool ultima = d == 6 && mosse == 6;
+            EXPECT_EQ(ultima_carta_della_mano(posizione, mosse), ultima) << d << " " << mosse;
+            EXPECT_EQ(fa_lesta(12, posizione, mosse), !ultima) << d << " " << mosse;
+            for (int vuote = 0; vuote < 12; ++vuote) EXPECT_FALSE(fa_lesta(vuote, posizione, mosse));
+        }
+}
+
+// What is left goes in scan order to the side that took last, whoever played
+// the last card; an empty table gives nothing to move.
+TEST(FineMano, IlRestoAChiHaPresoPerUltimo) {
+    for (std::int16_t lato : {1, 2}) {
+        const Resto resto = resto_della_mano(griglia({0, 9, 0, 0, 31, 0, 0, 2, 0, 0, 0, 40}), lato);
+        EXPECT_EQ(resto.lato, lato);
+        EXPECT_EQ(std::vector<Carta>(resto.carte.begin(), resto.carte.begin() + resto.quante),
+                  (std::vector<Carta>{9, 31, 2, 40}));
+        EXPECT_EQ(resto_della_mano(griglia({}), lato).quante, 0);
+    }
 }
 
 // The rules read straight: a card of equal value alone if there is one; else

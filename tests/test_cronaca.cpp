@@ -282,7 +282,7 @@ private:
 
     void leggi_e_confronta() {
         const float w = f.larghezza_carta, h = f.altezza_carta;
-        f.Form_KeyDown('h');
+        f.Form_KeyDown('H');
         const std::string mano = righe.back();
         for (int k = 1; k <= 3; ++k) {
             const Punto m = centro_mano(k, w, h);

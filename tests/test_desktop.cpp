@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The table window on Qt, offscreen: the painted surface read back with
 // Point, controls that keep their logical places at any size, the menus, the
-// real pauses, and the ways out.
+// keys, the real pauses, and the ways out.
 
 #include <gtest/gtest.h>
 
@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextLayout>
@@ -26,6 +27,7 @@
 #include "table/qt/orologio_qt.h"
 #include "table/qt/superficie_qt.h"
 #include "table/sipario.h"
+#include "tastiere.h"
 #include "turns/ritardo.h"
 
 namespace lesta {
@@ -194,6 +196,170 @@ TEST(FinestraTavoloQt, TheRulesTablesLineUpTheirPoints) {
         EXPECT_EQ(righe, 7) << static_cast<int>(c);
         EXPECT_EQ(colonne.size(), 1u) << static_cast<int>(c);
     }
+}
+
+// ---- the keys ----
+
+// The table window on screen, and the names of the keys it passes on.
+struct TavoloConTasti {
+    TavoloConTasti() {
+        tavolo.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&tavolo));
+        QObject::connect(&tavolo, &FinestraTavoloQt::tasto, [this](char t) { nomi += t; });
+        QObject::connect(&tavolo, &FinestraTavoloQt::go, [this] { ++go; });
+        QObject::connect(&tavolo, &FinestraTavoloQt::opzione, [this](int i) { scelte.push_back(i); });
+    }
+    // The names given to one key pressed as a keyboard sends it.
+    std::string premi(quint32 codice_x, prova::Segno segno, Qt::KeyboardModifiers m = {}, bool ripetuto = false) {
+        nomi.clear();
+        QKeyEvent e = prova::evento_tasto(QEvent::KeyPress, codice_x, segno, m, ripetuto);
+        QCoreApplication::sendEvent(tavolo.windowHandle(), &e);
+        return nomi;
+    }
+    void mostra(Controllo c, bool visibile = true) {
+        tavolo.controllo_cambiato(c, rettangolo_iniziale(c), visibile, true);
+    }
+
+    FinestraTavoloQt tavolo{immagini()};
+    std::string nomi;
+    int go = 0;
+    std::vector<int> scelte;
+};
+
+// A key is named by its place, as a US keyboard prints it there: the twelve
+// letters and three digits that play give the same names on a US, a French
+// and a Russian layout, Shift or not, and so do the keypad's digits with Num
+// Lock on or off. Keys at other places have no name, and no key plays with
+// Ctrl, Alt or Meta, held down, or while a help panel holds the keyboard.
+// A key without a place (the offscreen screen gives none) is named by its
+// character, if that is a name.
+TEST(FinestraTavoloQt, AKeyIsNamedByItsPlaceOnEveryLayout) {
+    TavoloConTasti t;
+    for (const prova::TastoCheGioca& k : prova::tasti_che_giocano) {
+        const std::string nome(1, k.nome);
+        for (prova::Segno segno : {k.us, k.fr, k.ru}) {
+            const std::string carattere = QString::fromUtf16(segno.testo).toStdString();
+            EXPECT_EQ(t.premi(k.codice_x, segno), nome) << carattere;
+            EXPECT_EQ(t.premi(k.codice_x, segno, Qt::ShiftModifier), nome) << carattere;
+            for (auto m : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier})
+                EXPECT_EQ(t.premi(k.codice_x, segno, m), "") << carattere << " " << m;
+            EXPECT_EQ(t.premi(k.codice_x, segno, {}, true), "") << carattere << " held";
+        }
+    }
+    const prova::Segno keypad[][2] = {{{Qt::Key_1, u"1"}, {Qt::Key_End, u""}},
+                                      {{Qt::Key_2, u"2"}, {Qt::Key_Down, u""}},
+                                      {{Qt::Key_3, u"3"}, {Qt::Key_PageDown, u""}}};
+    for (int i = 0; i < 3; ++i)
+        for (prova::Segno segno : keypad[i])
+            EXPECT_EQ(t.premi(87 + static_cast<quint32>(i), segno, Qt::KeypadModifier), std::string(1, '1' + i));
+    // Escape, F1, Tab, the space bar, the key beside the left Shift of
+    // European keyboards, a keycode xdotool lends to a sign no key types,
+    // the keypad's 4 in the place of nothing the game names... none plays:
+    // T and the keypad's 4 have names but no use in the game, which judges.
+    EXPECT_EQ(t.premi(9, {Qt::Key_Escape, u""}), "");
+    EXPECT_EQ(t.premi(67, {Qt::Key_F1, u""}), "");
+    EXPECT_EQ(t.premi(23, {Qt::Key_Tab, u""}), "");
+    EXPECT_EQ(t.premi(65, {Qt::Key_Space, u" "}), "");
+    EXPECT_EQ(t.premi(94, {Qt::Key_Less, u"<"}), "");
+    EXPECT_EQ(t.premi(8, {Qt::Key_Q, u"q"}), "");
+    EXPECT_EQ(t.premi(28, {0x415, u"е"}), "T");
+    EXPECT_EQ(t.premi(83, {Qt::Key_4, u"4"}, Qt::KeypadModifier), "4");
+
+    // No place: the character, when it is a name.
+    EXPECT_EQ(t.premi(0, {Qt::Key_Q, u"q"}), "Q");
+    EXPECT_EQ(t.premi(0, {Qt::Key_Q, u"Q"}, Qt::ShiftModifier), "Q");
+    EXPECT_EQ(t.premi(0, {Qt::Key_2, u"2"}, Qt::KeypadModifier), "2");
+    EXPECT_EQ(t.premi(0, {Qt::Key_A, u"a"}), "A");  // a French Q: all there is
+    EXPECT_EQ(t.premi(0, {0x419, u"й"}), "");
+    EXPECT_EQ(t.premi(0, {Qt::Key_Exclam, u"!"}), "");
+    EXPECT_EQ(t.premi(0, {Qt::Key_Space, u" "}), "");
+    EXPECT_EQ(t.premi(0, {Qt::Key_Q, u"q"}, Qt::AltModifier), "");
+
+    for (Controllo pannello : {Controllo::Text2, Controllo::Text3, Controllo::Text4}) {
+        t.mostra(pannello);
+        t.tavolo.widget(pannello)->setFocus();
+        EXPECT_EQ(t.premi(24, prova::tasto_di_nome('Q').fr), "") << static_cast<int>(pannello);
+        EXPECT_EQ(t.premi(0, {Qt::Key_1, u"1"}), "") << static_cast<int>(pannello);
+        t.mostra(pannello, false);
+        EXPECT_EQ(t.premi(24, prova::tasto_di_nome('Q').ru), "Q") << static_cast<int>(pannello);
+    }
+}
+
+// While the start panel shows, Enter, the keypad's Enter and the space bar
+// press GO whoever holds the keyboard: GO, a match choice (which the space
+// bar does not pick), the table, the song's button, the Italian rules or the
+// information. The English rules, which the player can write in, keep them,
+// and so does the menu bar when Alt has given it the keyboard.
+// The arrows move between the choices and pick them. Held, or with Ctrl,
+// Alt or Meta, they do nothing; with the panel gone, they press nothing.
+TEST(FinestraTavoloQt, EnterAndTheSpaceBarPressGoWheneverTheStartPanelShows) {
+    TavoloConTasti t;
+    for (int i = 0; i < 3; ++i) t.mostra(Option1(i));
+    t.mostra(Controllo::GO);
+    t.mostra(Controllo::CmdSong);
+    t.mostra(Controllo::Text3);
+    t.mostra(Controllo::Text4);
+    ASSERT_EQ(t.tavolo.focusWidget(), t.tavolo.widget(Controllo::GO));
+    QWindow* finestra = t.tavolo.windowHandle();
+    auto scelta = [&](int i) { return static_cast<QAbstractButton*>(t.tavolo.widget(Option1(i))); };
+    ASSERT_TRUE(scelta(0)->isChecked());
+    const std::pair<const char*, QWidget*> chi[] = {
+        {"GO", t.tavolo.widget(Controllo::GO)},
+        {"a choice", scelta(2)},
+        {"the table", &t.tavolo.superficie()},
+        {"the song's button", t.tavolo.widget(Controllo::CmdSong)},
+        {"the Italian rules", t.tavolo.widget(Controllo::Text3)},
+        {"the information", t.tavolo.widget(Controllo::Text4)},
+    };
+    for (auto [nome, w] : chi) {
+        for (Qt::Key k : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+            w->setFocus();
+            const int prima = t.go;
+            QTest::keyClick(finestra, k, k == Qt::Key_Enter ? Qt::KeypadModifier : Qt::NoModifier);
+            EXPECT_EQ(t.go, prima + 1) << nome << ", key " << QKeySequence(k).toString().toStdString();
+        }
+    }
+    EXPECT_TRUE(scelta(0)->isChecked());
+    EXPECT_EQ(t.scelte, std::vector<int>{});
+
+    const int go = t.go;
+    t.mostra(Controllo::Text2);
+    auto* inglese = static_cast<QPlainTextEdit*>(t.tavolo.widget(Controllo::Text2));
+    inglese->setFocus();
+    const qsizetype lunghezza = inglese->toPlainText().size();
+    // Pressed and not let go: on a compositor with no keyboard, Qt's Wayland
+    // plugin fails when the text box, on a key let go, asks for the input
+    // method.
+    for (auto [k, testo] : {std::pair{Qt::Key_Space, " "}, std::pair{Qt::Key_Return, "\r"}}) {
+        QKeyEvent e(QEvent::KeyPress, k, {}, QString::fromLatin1(testo));
+        QCoreApplication::sendEvent(finestra, &e);
+    }
+    EXPECT_EQ(inglese->toPlainText().size(), lunghezza + 2);
+    t.mostra(Controllo::Text2, false);
+    t.tavolo.menuBar()->setFocus();
+    QTest::keyClick(finestra, Qt::Key_Return);
+
+    // The arrows move the keyboard only in the active window, which a
+    // compositor with no keyboard never makes the table.
+    if (QGuiApplication::platformName() == QLatin1String("offscreen")) {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&t.tavolo));
+        scelta(0)->setFocus();
+        QTest::keyClick(finestra, Qt::Key_Down);
+        EXPECT_EQ(t.tavolo.focusWidget(), scelta(1));
+        EXPECT_TRUE(scelta(1)->isChecked());
+        EXPECT_EQ(t.scelte, std::vector<int>{1});
+    }
+
+    t.tavolo.widget(Controllo::GO)->setFocus();
+    for (auto m : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier}) {
+        QKeyEvent e(QEvent::KeyPress, Qt::Key_Return, m, QStringLiteral("\r"));
+        QCoreApplication::sendEvent(finestra, &e);
+    }
+    QKeyEvent tenuto(QEvent::KeyPress, Qt::Key_Space, {}, QStringLiteral(" "), true);
+    QCoreApplication::sendEvent(finestra, &tenuto);
+    t.mostra(Controllo::GO, false);
+    for (Qt::Key k : {Qt::Key_Return, Qt::Key_Space}) QTest::keyClick(finestra, k);
+    EXPECT_EQ(t.go, go);
 }
 
 // A routine that waits on the real clock: a pause takes its time in the event

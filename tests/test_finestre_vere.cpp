@@ -5,6 +5,10 @@
 // on an offscreen screen of 1024 x 768. A witness counts what each side takes
 // as a person watching the table would, and the sheet must show the same.
 //
+// The hand played by the keys' places runs again on a real X server with a
+// French and a Russian layout (tests/sotto_xvfb), where the keys are pressed
+// through the server by their keycodes.
+//
 // The same tests run as a Wayland client of a Weston of their own
 // (tests/sotto_weston). There the compositor places and stacks the windows,
 // and screenshots of its screen show which window is in front: the sheet at
@@ -29,6 +33,7 @@
 #include "table/qt/applicazione.h"
 #include "table/qt/immagini.h"
 #include "table/qt/superficie_qt.h"
+#include "tastiere.h"
 
 // Texts of the sheet in failure messages.
 inline void PrintTo(const QString& testo, std::ostream* os) { *os << '"' << testo.toStdString() << '"'; }
@@ -110,15 +115,18 @@ public:
 
 class PartitaVera {
 public:
-    // How the player makes its moves.
-    enum Comandi { mouse, tastiera };
+    // How the player makes its moves: the mouse, the keys by their character
+    // alone (as a platform that gives no key's place sends them), or the
+    // keys by their place.
+    enum Comandi { mouse, tastiera, posto };
 
     explicit PartitaVera(std::uint32_t seme, Comandi comandi = mouse)
         : comandi_(comandi),
           lesta_(immagini(), con_impostazioni(cartella_.percorso())),
           giocatore_(
-              lesta_.gioco(), seme, [this](float x, float y) { clic_tavolo(x, y); },
-              comandi == tastiera ? GiocatoreCasuale::Tasto([this](char t) { tasto(t); }) : GiocatoreCasuale::Tasto()) {
+              lesta_.gioco(), seme, [this](float x, float y) { clic_tavolo(x, y); }, tasti_del_giocatore()) {
+        if (comandi == posto)
+            QObject::connect(&lesta_.tavolo(), &FinestraTavoloQt::tasto, [this](char t) { giunti_ += t; });
     }
 
     Applicazione& lesta() { return lesta_; }
@@ -130,9 +138,19 @@ public:
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&lesta_.tavolo()));
         ASSERT_TRUE(QTest::qWaitFor([&] { return widget(Controllo::GO)->isVisible(); }, 5000));
         ASSERT_TRUE(lesta_.tavolo().isMaximized());
+        lesta_.tavolo().windowHandle()->installEventFilter(&tastiera_);
         // Maximised, the table is as wide as the screen's free area, which is
         // what the game's screen check reads.
         EXPECT_EQ(lesta_.tavolo().frameGeometry().width(), lesta_.tavolo().screen()->availableGeometry().width());
+    }
+
+    // Starts, then a single hand by keys at the quickest pace (the pause's
+    // divisor at the top of its byte: a unit of 25 ms instead of High's 216).
+    void avvia_a_tasti() {
+        ASSERT_NO_FATAL_FAILURE(avvia());
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&lesta_.tavolo()));
+        lesta_.gioco().velocita = 255;
+        scegli(0);
     }
 
     // The start panel: a kind of match, then GO.
@@ -149,6 +167,7 @@ public:
         ASSERT_EQ(tipo, 0);
         ASSERT_TRUE(widget(Controllo::GO)->hasFocus());
         QTest::keyClick(lesta_.tavolo().windowHandle(), Qt::Key_Return);
+        tastiera_.testi.clear();
     }
 
     // Plays the hand under way until the sheet comes up; false if the game
@@ -238,13 +257,75 @@ public:
         QTest::keyClick(lesta_.tavolo().windowHandle(), static_cast<Qt::Key>(t), modificatori);
     }
 
+    // A key at the place where a US keyboard prints this name. On X11 the
+    // key itself, pressed through the server whatever its layout, and then
+    // waited for until the table has seen it let go; elsewhere the key as a
+    // Russian or a French keyboard sends it, by turns: the place's code with
+    // that layout's character.
+    void tasto_al_posto(char nome) {
+        const prova::TastoCheGioca& t = prova::tasto_di_nome(nome);
+        premuti_ += nome;
+        if (QGuiApplication::platformName() == QLatin1String("xcb")) {
+            const int prima = tastiera_.rilasci;
+            QProcess::execute(QStringLiteral("xdotool"), {QStringLiteral("key"), QString::number(t.codice_x)});
+            EXPECT_TRUE(QTest::qWaitFor([&] { return tastiera_.rilasci > prima; }, 5000)) << nome;
+            return;
+        }
+        const prova::Segno segno = ++tasti_ % 2 == 0 ? t.fr : t.ru;
+        for (QEvent::Type tipo : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent e = prova::evento_tasto(tipo, t.codice_x, segno);
+            QCoreApplication::sendEvent(lesta_.tavolo().windowHandle(), &e);
+        }
+    }
+
+    // The keys pressed by their place, the names the table gave them, and
+    // what the keyboard's layout typed with them (from the first key after
+    // the start panel's).
+    const std::string& premuti() const { return premuti_; }
+    const std::string& giunti() const { return giunti_; }
+    const QString& battuti() const { return tastiera_.testi; }
+    // What a layout types with the keys pressed so far: "fr", "ru", or those
+    // two by turns, as tasto_al_posto sends them off X11.
+    QString battuti_con(std::string_view layout) const {
+        QString testi;
+        for (std::size_t i = 0; i < premuti_.size(); ++i) {
+            const prova::TastoCheGioca& t = prova::tasto_di_nome(premuti_[i]);
+            const bool fr = layout == "fr" || (layout != "ru" && i % 2 == 1);
+            testi += QString::fromUtf16((fr ? t.fr : t.ru).testo);
+        }
+        return testi;
+    }
+
 private:
+    GiocatoreCasuale::Tasto tasti_del_giocatore() {
+        switch (comandi_) {
+            case mouse: return {};
+            case tastiera: return [this](char t) { tasto(t); };
+            case posto: return [this](char t) { tasto_al_posto(t); };
+        }
+        return {};
+    }
+
+    // What a window has seen of the keyboard: the text of each key pressed,
+    // and how many were let go.
+    struct Tastiera final : QObject {
+        bool eventFilter(QObject*, QEvent* e) override {
+            if (e->type() == QEvent::KeyPress) testi += static_cast<QKeyEvent*>(e)->text();
+            rilasci += e->type() == QEvent::KeyRelease;
+            return false;
+        }
+        QString testi;
+        int rilasci = 0;
+    };
+
     Comandi comandi_;
     prova::CartellaTemporanea cartella_;
     Applicazione lesta_;
     GiocatoreCasuale giocatore_;
     Testimone testimone_;
     int tasti_ = 0;
+    Tastiera tastiera_;
+    std::string premuti_, giunti_;
 };
 
 QString numero(int n) { return QStringLiteral(" %1").arg(n); }
@@ -279,6 +360,14 @@ std::array<int, 3> controlla_riga(PartitaVera& p, int riga) {
     return {0, punti_della_riga(p, primo), punti_della_riga(p, primo + 5)};
 }
 
+// The sheet of a single hand agrees with the table, and its totals are the
+// hand's points.
+void controlla_mano_singola(PartitaVera& p) {
+    const auto punti = controlla_riga(p, 0);
+    EXPECT_EQ(p.totale(1), numero(punti[1]));
+    EXPECT_EQ(p.totale(2), numero(punti[2]));
+}
+
 TEST(FinestreVere, TheScreenIsLargeEnoughForTheGame) {
     // Without this, the game ends at its screen check and nothing below runs.
     ASSERT_GE(QGuiApplication::primaryScreen()->availableGeometry().width(), 1024);
@@ -302,9 +391,7 @@ TEST(FinestreVere, ASingleHandPlayedByMouseEndsOnASheetThatAgreesWithTheTable) {
     p.scegli(0);
     ASSERT_TRUE(p.gioca_mano());
     p.foglio_davanti("the end of the hand");
-    const auto punti = controlla_riga(p, 0);
-    EXPECT_EQ(p.totale(1), numero(punti[1]));
-    EXPECT_EQ(p.totale(2), numero(punti[2]));
+    controlla_mano_singola(p);
     EXPECT_EQ(p.foglio().bottone(1)->text(), "NEW GAME");
 
     p.continua();
@@ -320,10 +407,7 @@ TEST(FinestreVere, ASingleHandPlayedByMouseEndsOnASheetThatAgreesWithTheTable) {
 // Quicker than the mouse's hand, as the match below.
 TEST(FinestreVere, ASingleHandPlayedByKeysEndsOnASheetThatAgreesWithTheTable) {
     PartitaVera p(23, PartitaVera::tastiera);
-    p.avvia();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&p.lesta().tavolo()));
-    p.lesta().gioco().velocita = 255;
-    p.scegli(0);
+    ASSERT_NO_FATAL_FAILURE(p.avvia_a_tasti());
     const Frmlesta& f = p.lesta().gioco();
     ASSERT_TRUE(QTest::qWaitFor([&] { return f.modo == Modo::gioco1; }, attesa_massima_ms));
 
@@ -347,9 +431,60 @@ TEST(FinestreVere, ASingleHandPlayedByKeysEndsOnASheetThatAgreesWithTheTable) {
     p.clic_tavolo(250, 560);
 
     ASSERT_TRUE(p.gioca_mano());
-    const auto punti = controlla_riga(p, 0);
-    EXPECT_EQ(p.totale(1), numero(punti[1]));
-    EXPECT_EQ(p.totale(2), numero(punti[2]));
+    controlla_mano_singola(p);
+}
+
+// A single hand played by the keys' places: on any layout the same twelve
+// keys, in the same rectangle, choose the table's cards, and 1, 2 and 3 the
+// hand's. Each key reaches the game as the name a US keyboard prints on it,
+// whatever the layout typed with it. On X11, LESTA_LAYOUT names the layout
+// the server was given, and the keys must have typed what it types.
+TEST(FinestreVere, ASingleHandPlayedByTheKeysPlacesOnAnyLayout) {
+    PartitaVera p(31, PartitaVera::posto);
+    ASSERT_NO_FATAL_FAILURE(p.avvia_a_tasti());
+    ASSERT_TRUE(p.gioca_mano()) << "keys pressed: " << p.premuti() << ", keys named: " << p.giunti();
+    EXPECT_EQ(p.giunti(), p.premuti());
+    const bool x11 = QGuiApplication::platformName() == QLatin1String("xcb");
+    const std::string layout = x11 ? qEnvironmentVariable("LESTA_LAYOUT").toStdString() : "";
+    if (x11) {
+        ASSERT_TRUE(layout == "fr" || layout == "ru") << "LESTA_LAYOUT: \"" << layout << '"';
+    }
+    EXPECT_EQ(p.battuti(), p.battuti_con(layout));
+    controlla_mano_singola(p);
+}
+
+// Enter or the space bar starts the match, of the kind last chosen, whatever
+// holds the keyboard on the start panel: a match choice just clicked, or the
+// table, after a click in the English rules and then one on the table that
+// closes them.
+TEST(FinestreVere, EnterStartsTheMatchAfterAClickOnAChoiceOrOnThePanelsAndTheTable) {
+    struct Caso {
+        const char* come;
+        int tipo;
+        Qt::Key tasto;
+        bool dalle_regole;
+    };
+    for (const Caso caso : {Caso{"Single Game", 0, Qt::Key_Return, false},
+                            {"11 points Game", 1, Qt::Key_Return, false},
+                            {"21 points Game", 2, Qt::Key_Space, false},
+                            {"the rules, then the table", 0, Qt::Key_Return, true}}) {
+        SCOPED_TRACE(caso.come);
+        PartitaVera p(3);
+        ASSERT_NO_FATAL_FAILURE(p.avvia());
+        if (caso.dalle_regole) {
+            p.lesta().tavolo().voce_english()->trigger();
+            auto* regole = static_cast<QPlainTextEdit*>(p.widget(Controllo::Text2));
+            QTest::mouseClick(regole->viewport(), Qt::LeftButton, {}, QPoint(5, 5));
+            ASSERT_TRUE(regole->hasFocus());
+            p.clic_tavolo(700, 500);
+            ASSERT_FALSE(regole->isVisible());
+        } else {
+            QTest::mouseClick(p.widget(Option1(caso.tipo)), Qt::LeftButton);
+        }
+        QTest::keyClick(p.lesta().tavolo().windowHandle(), caso.tasto);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !p.widget(Controllo::GO)->isVisible(); }, 5000));
+        EXPECT_EQ(p.lesta().gioco().mod.tipo_partita, caso.tipo);
+    }
 }
 
 TEST(FinestreVere, AMatchTo11GoesOnUntilASideHasWonAndThenStartsAgain) {

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The hand: the deal, the player's clicks and keys on the table window, the
 // running score, and whole hands played to the end by a random player against
-// the computer, on the virtual clock, with every card followed at every move.
+// the computer, on the virtual clock, with every card followed at every move
+// and, on the raster, what is painted held to the table drawn afresh.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <random>
 #include <string>
 #include <string_view>
@@ -199,10 +201,10 @@ TEST(Mano, ITastiDaUnoATreGiocanoLeCarteInMano) {
 }
 
 // Q W E R, A S D F and Z X C V click the middle of the cells of rows 1 to 3,
-// columns 1 to 4, in either case: a first press marks the card of the cell,
-// a second drops it; on an empty cell a letter marks nothing. A key that
-// names no place does nothing at all, while one that does closes the help
-// panels as a click does.
+// columns 1 to 4: a first press marks the card of the cell, a second drops
+// it; on an empty cell a letter marks nothing. A key that names no place
+// does nothing at all (a small letter is no key's name), while one that does
+// closes the help panels as a click does.
 TEST(Mano, LeLettereSegnanoLeCarteDelTavolo) {
     Banco<FinestraRaster> b(1, 0.75f);
     b.tavolo_verde();
@@ -228,12 +230,12 @@ TEST(Mano, LeLettereSegnanoLeCarteDelTavolo) {
         b.frm.Form_KeyDown(tasti[i]);
         EXPECT_EQ(segnate(), g[i] == 0 ? std::vector<Carta>{} : std::vector<Carta>{g[i]});
         b.frm.Visible(Controllo::Text2, true);
-        b.frm.Form_KeyDown(static_cast<char>(tasti[i] - 'A' + 'a'));
+        b.frm.Form_KeyDown(tasti[i]);
         EXPECT_EQ(segnate(), std::vector<Carta>{});
         EXPECT_FALSE(b.frm.Visible(Controllo::Text2));
     }
     b.frm.Visible(Controllo::Text2, true);
-    for (char tasto : {'0', '4', 'G', 'T', 'b', ' ', '\0'}) {
+    for (char tasto : {'0', '4', 'G', 'T', 'b', 'q', ' ', '\0'}) {
         b.frm.Form_KeyDown(tasto);
         EXPECT_FALSE(punto_del_tasto(tasto, w, h, b.frm.tavolox, b.frm.tavoloy).has_value()) << int{tasto};
     }
@@ -276,14 +278,97 @@ TEST(Mano, IlPunteggioCorrenteDallaSecondaManoDiUnaPartita) {
 // ---- whole hands ----
 
 // Where a card is, as the state tells it. The computer's pile is not
-// recorded: it is every card that is nowhere else.
-enum Posto : std::uint8_t { pila2, mazzo, mano1, mano2, tavolo, pila1 };
+// recorded: it is every card that is nowhere else, but for the card in play.
+enum Posto : std::uint8_t { pila2, mazzo, mano1, mano2, tavolo, pila1, in_gioco };
 
 struct Foto {
     std::array<Posto, 41> posto{};
     int posizione = 0;
     int quante(Posto p) const { return static_cast<int>(std::count(posto.begin() + 1, posto.end(), p)); }
 };
+
+// ---- what is painted ----
+
+// What the state says of the table besides the place of each card.
+struct Scena {
+    Foto foto;
+    int lato = 0;  // the side whose turn the lights show
+    // The sweeps of the hand in the order they were made: the side, and the
+    // card that made it, which is the marker.
+    std::vector<std::pair<int, Carta>> leste;
+};
+
+// The table drawn afresh from the state alone on an empty raster, every
+// place worked out here from the card size: the table colour, the running
+// score and the song frame that the start of a hand paints and nothing
+// paints over, the deck by the dealer until the last deal, each side's pile
+// once it holds a card and its sweep markers, the table cards in their cells
+// with the outline of a marked one, both hands, and the card in play.
+void disegna_da_capo(FinestraRaster& r, const Frmlesta& f, const Scena& s) {
+    const float w = f.larghezza_carta, h = f.altezza_carta;
+    const auto faccia_a = [&](Carta c, float x, float y) { r.PaintPicture(faccia(c), x, y, w, h); };
+    const auto dorso_a = [&](float x, float y) { r.PaintPicture(Figura::Dorso, x, y, w, h); };
+    const auto cella_x = [&](int k) { return 400 - 2 * w - 9 + static_cast<float>(k - 1) * (w + 6); };
+    const auto cella_y = [&](int k) { return 300 - 1.5f * h - 6 + static_cast<float>(k - 1) * (h + 6); };
+    const auto mano_x = [&](int k) { return 400 - 1.5f * w - 6 + static_cast<float>(k - 1) * (w + 6); };
+    const std::array<float, 3> pila_y{0, std::nearbyint(600 - h - 5), 5};
+    const Foto& foto = s.foto;
+
+    r.BackColor(verde_tavolo);
+    if (f.mod.tipo_partita != 0 && f.mod.partite >= 2) {
+        r.BoxFilled(690, 270, 795, 350, nero);
+        r.Box(691, 271, 794, 349, giallo);
+    }
+    if (f.canzone != 0) {
+        const float larga = 2925 * 800.0f / 15270, alta = 2175 * 600.0f / 11595;
+        r.PaintPicture(Figura::Quadro, 10, 300 - alta / 2, larga, alta);
+    }
+    if (foto.posizione < 22) dorso_a(680, pila_y[f.mod.mazziere]);
+    for (int lato : {1, 2})
+        if (foto.quante(lato == 1 ? pila1 : pila2) > 0) dorso_a(100, pila_y[static_cast<std::size_t>(lato)]);
+    std::array<int, 3> segni{};  // the markers of each side so far
+    for (const auto& [lato, c] : s.leste) {
+        const auto i = static_cast<std::size_t>(lato);
+        faccia_a(c, w + 100, pila_y[i] + (lato == 1 ? -25.0f : 25.0f) * static_cast<float>(segni[i]++));
+    }
+    for (int riga = 1; riga <= 3; ++riga)
+        for (int k = 1; k <= 4; ++k) {
+            const Carta c = f.tavolo[static_cast<std::size_t>(riga)][static_cast<std::size_t>(k)];
+            if (c == 0 || foto.posto[c] != tavolo) continue;
+            const float x = cella_x(k), y = cella_y(riga);
+            faccia_a(c, x, y);
+            if (f.carta[c].tag == Tag::SEL) r.Box(x + 3, y + 3, x + w - 3, y + h - 3, rosso);
+        }
+    for (int k = 1; k <= 3; ++k) {
+        const Carta c = f.mod.mazzo[static_cast<std::size_t>(foto.posizione - 3 + k)];
+        if (foto.posto[c] == mano1) faccia_a(c, mano_x(k), 595 - h);
+        if (f.dorso[static_cast<std::size_t>(k - 1)].tag != 0) dorso_a(mano_x(k), 5);
+    }
+    for (Carta c = 1; c <= 40; ++c)
+        if (foto.posto[c] == in_gioco) faccia_a(c, 578, 300 - h / 2);
+}
+
+// Where what is painted differs from what is expected: how many pixels, in
+// what rectangle, and the first of them; empty when nothing differs.
+std::string differenze(const FinestraRaster& atteso, const FinestraRaster& dipinto) {
+    if (atteso.pixel() == dipinto.pixel() && atteso.figure() == dipinto.figure()) return {};
+    const auto punto = [](int x, int y) { return "(" + std::to_string(x) + ", " + std::to_string(y) + ")"; };
+    const auto pixel = [](const FinestraRaster& r, std::size_t i) {
+        return "colour " + std::to_string(r.pixel()[i]) + " picture " + std::to_string(r.figure()[i]);
+    };
+    int quanti = 0, x0 = FinestraRaster::L, y0 = FinestraRaster::A, x1 = -1, y1 = -1;
+    std::string primo;
+    for (int y = 0; y < FinestraRaster::A; ++y)
+        for (int x = 0; x < FinestraRaster::L; ++x) {
+            const auto i = static_cast<std::size_t>(y * FinestraRaster::L + x);
+            if (atteso.pixel()[i] == dipinto.pixel()[i] && atteso.figure()[i] == dipinto.figure()[i]) continue;
+            if (quanti++ == 0)
+                primo = punto(x, y) + ": expected " + pixel(atteso, i) + ", painted " + pixel(dipinto, i);
+            x0 = std::min(x0, x), y0 = std::min(y0, y), x1 = std::max(x1, x), y1 = std::max(y1, y);
+        }
+    return std::to_string(quanti) + " pixels differ, from " + punto(x0, y0) + " to " + punto(x1, y1) + "; first at " +
+           primo;
+}
 
 // Plays whole hands as a random player would, with stray clicks, and checks
 // every card after every move.
@@ -294,13 +379,18 @@ public:
         f.osservatore = this;
         b.orologio.ingresso = [this] { return ingresso(); };
         b.orologio.al_timer2 = [this] {  // with a stray click now and then while the game pauses
+            pausa();
             f.Timer2_Timer();
             if (f.modo == Modo::vuoto && moneta(0.05)) moneta(0.5) ? clic_tavolo() : clic_mano(1 + caso() % 3);
         };
     }
 
+    std::array<int, 3> leste_viste{};  // the sweeps of each side in the hand
+
     void mano() {
         const int suonate = b.suono.suonate;
+        leste.clear();
+        leste_viste = {};
         f.Mescola();
         f.daicarte();
         Foto inizio;  // the deal undone: the cards of the deck and those on the table
@@ -311,6 +401,7 @@ public:
         Task t = f.gioco();
         t.start();
         ASSERT_TRUE(t.done());
+        guarda("at the end of the hand", foto.back(), b.mod.mazziere);
         // 36 moves, then the gathering of what is left, if anything is.
         ASSERT_EQ(foto.size(), foto.size() < 37 || foto[36].quante(tavolo) == 0 ? 37u : 38u);
         EXPECT_EQ(b.suono.suonate - suonate, 36);
@@ -360,15 +451,55 @@ public:
         EXPECT_TRUE(!lasciano || dal_tavolo || a.posto[f.carta_giocata] == tavolo || da.quante(tavolo) == 12) << n;
         EXPECT_TRUE(n < 36 || lato == presa_da) << "the gathering goes to the side that took last";
         if (dal_tavolo > 0) presa_da = lato;
-        EXPECT_EQ(f.vuote, 12 - (n < 36 ? a.quante(tavolo) : da.quante(tavolo)));
-        if constexpr (std::is_same_v<F, FinestraRaster>) {  // the deck stands by the dealer until the last deal
-            const float x = 680 + f.larghezza_carta / 2, y = static_cast<float>(f.pilay[b.mod.mazziere]) + 20;
-            EXPECT_EQ(b.finestra.figura_a(x, y) == static_cast<int>(Figura::Dorso), a.posizione < 22);
+        if (n < 36 && b.mod.leste[lato] > leste_viste[lato]) {  // a sweep: the played card is its marker
+            ++leste_viste[lato];
+            leste.emplace_back(lato, f.carta_giocata);
         }
+        EXPECT_EQ(f.vuote, 12 - (n < 36 ? a.quante(tavolo) : da.quante(tavolo)));
         foto.push_back(a);
+        // The last card is the dealer's, and the lights stay on its turn
+        // through the gathering.
+        guarda("after move " + std::to_string(n), a, n < 36 ? lato : b.mod.mazziere);
     }
 
 private:
+    // On the raster, what is painted must be the table drawn afresh from the
+    // state, and the turn lights and the lamp as the state has them.
+    void guarda(const std::string& quando, const Foto& foto, int lato) {
+        if constexpr (std::is_same_v<F, FinestraRaster>) {
+            if (testing::Test::HasFailure()) return;
+            if (!atteso) atteso = std::make_unique<FinestraRaster>();
+            disegna_da_capo(*atteso, f, {foto, lato, leste});
+            const std::string diversi = differenze(*atteso, b.finestra);
+            EXPECT_EQ(diversi, "") << quando;
+            const float h = f.altezza_carta;
+            for (int i : {0, 1}) {
+                const auto& verde = b.finestra.controlli[static_cast<std::size_t>(Verde(i))];
+                const auto& rossa = b.finestra.controlli[static_cast<std::size_t>(Rosso(i))];
+                for (const auto* luce : {&verde, &rossa})
+                    EXPECT_TRUE(luce->visibile && luce->r.left == 620 &&
+                                luce->r.top == (i == 0 ? 600 - h / 2 - 32 : h / 2))
+                        << quando << ", light " << i;
+                EXPECT_EQ(verde.alzato > rossa.alzato, i + 1 == lato) << quando << ", light " << i;
+            }
+            EXPECT_FALSE(b.finestra.controlli[static_cast<std::size_t>(Controllo::Led)].visibile) << quando;
+        }
+    }
+
+    // In the pauses of the computer's turn before its card moves: its green
+    // light on, then its card shown with what it takes outlined, the card
+    // not yet counted in the deal's moves.
+    void pausa() {
+        const int fatte = static_cast<int>(foto.size()) - 1;
+        if (f.carta_giocata == 0) {
+            guarda("as the computer's turn begins", fotografa(true), f.turno);
+        } else if (f.turno == 2 && f.mosse == fatte % 6) {
+            Foto ora = fotografa(true);
+            ora.posto[f.carta_giocata] = in_gioco;
+            guarda("as the computer shows its card", ora, 2);
+        }
+    }
+
     bool moneta(double p) { return std::bernoulli_distribution(p)(caso); }
     template <class C>
     auto a_caso(const C& c) {
@@ -412,6 +543,9 @@ private:
 
     bool ingresso() {
         if (++clic > 500) return ADD_FAILURE() << "the turn does not end", false;
+        Foto ora = fotografa(true);
+        if (f.carta_giocata != 0) ora.posto[f.carta_giocata] = in_gioco;  // it is not the computer's
+        guarda(f.carta_giocata == 0 ? "as the player picks a card" : "as the player marks the capture", ora, 1);
         if (f.modo == Modo::gioco1 && f.carta_giocata == 0) {
             obiettivo.clear();
             std::vector<int> libere, giocate;
@@ -460,27 +594,50 @@ private:
     std::mt19937 caso;
     std::vector<Foto> foto;  // after the deal, then after every move
     std::vector<Carta> obiettivo;
+    std::vector<std::pair<int, Carta>> leste;  // the sweeps of the hand so far
+    std::unique_ptr<FinestraRaster> atteso;    // the table drawn afresh
     int clic = 0, presa_da = 0;
 };
 
-// Thousands of hands with no screen, a few on the raster with the colour
-// test; the seed fixes the dealer, the speed and every click.
+// Hands in runs of `per_seme`; the seed fixes the dealer, the speed and
+// every click. Returns the most sweeps that each side made in one hand.
 template <class F>
-void mani(std::uint32_t semi, int per_seme) {
-    for (std::uint32_t seme = 1; seme <= semi && !testing::Test::HasFailure(); ++seme) {
-        Banco<F> b(seme, 0.75f);
+std::array<int, 3> mani(std::uint32_t semi, int per_seme, float scala = 0.75f, std::uint32_t primo = 1) {
+    std::array<int, 3> piu_leste{};
+    for (std::uint32_t seme = primo; seme < primo + semi && !testing::Test::HasFailure(); ++seme) {
+        Banco<F> b(seme, scala);
         Partita<F> partita(b, seme * 7919u);
         for (std::uint32_t m = seme; m < seme + per_seme && !testing::Test::HasFailure(); ++m) {
             b.mod.mazziere = static_cast<std::uint8_t>(1 + m % 2);
             b.frm.velocita = static_cast<std::uint8_t>(10 * (1 + m % 3));
+            // Now and then the song frame, and the running score of a match.
+            b.frm.canzone = static_cast<std::int16_t>(m % 3 == 0);
+            b.mod.tipo_partita = static_cast<std::uint8_t>(m % 4 == 1);
+            b.mod.partite = static_cast<std::uint8_t>(10 * (m % 5));
             partita.mano();
+            for (int lato : {1, 2}) piu_leste[lato] = std::max(piu_leste[lato], partita.leste_viste[lato]);
         }
     }
+    return piu_leste;
 }
 
-TEST(Mano, MigliaiaDiManiSenzaPerdereUnaCarta) {
-    mani<FinestraNulla>(300, 10);
-    mani<FinestraRaster>(12, 1);
+TEST(Mano, MigliaiaDiManiSenzaPerdereUnaCarta) { mani<FinestraNulla>(300, 10); }
+
+// Whole hands on the raster, where a click needs the colour under it: at
+// every step, what the game's own painting has left on the table is the
+// table drawn afresh from the state, at scales across the band the settings
+// accept.
+TEST(Mano, IlDipintoEIlTavoloRidisegnatoDalloStato) {
+    std::uint32_t primo = 1;
+    std::array<int, 3> piu_leste{};
+    for (float scala : {0.75f, 0.6f, 0.7854f}) {
+        SCOPED_TRACE(testing::Message() << "scale " << scala);
+        const auto leste = mani<FinestraRaster>(8, 3, scala, primo);
+        for (int lato : {1, 2}) piu_leste[lato] = std::max(piu_leste[lato], leste[lato]);
+        primo += 8;
+    }
+    // Among them a hand with a second sweep marker of each side.
+    EXPECT_TRUE(piu_leste[1] >= 2 && piu_leste[2] >= 2);
 }
 
 }  // namespace

@@ -53,7 +53,7 @@ Task Frmlesta::gioco2() {
         ridipingi(*this, c);
         carta[c].tag = Tag::vuoto;
     });
-    co_await ritardo(2);
+    co_await ritardo(pausa::computer_pensa);
 
     // The first card that can capture is played. The search clears the card
     // in play when it takes nothing; it keeps it when there are too many
@@ -89,7 +89,7 @@ Task Frmlesta::gioco2() {
         racconta([this](Lingua l) {
             return frasi::giocata(l, 2, carta_giocata, std::span(presa).subspan(1, static_cast<std::size_t>(quante)));
         });
-    co_await ritardo(2);
+    co_await ritardo(pausa::carta_del_computer);
 }
 
 }  // namespace lesta

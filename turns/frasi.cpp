@@ -87,10 +87,7 @@ const char* tipo(Lingua l, int tipo_partita) {
 
 }  // namespace
 
-char tasto_cella(int riga, int colonna) {
-    const char c = tasti_celle[static_cast<std::size_t>((riga - 1) * 4 + colonna - 1)];
-    return static_cast<char>(c - 'a' + 'A');
-}
+char tasto_cella(int riga, int colonna) { return tasti_celle[static_cast<std::size_t>((riga - 1) * 4 + colonna - 1)]; }
 
 std::string elenco(Lingua l, std::span<const Carta> carte) {
     std::vector<std::string> nomi;

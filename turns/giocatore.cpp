@@ -72,6 +72,7 @@ void carta_del_tavolo(Frmlesta& f, float X, float Y) {
 Task Frmlesta::gioco1() {
     modo = Modo::gioco1;
     co_await finche(piattaforma.orologio, [this] { return carta_giocata != 0; });
+    // Counted before the move, as the computer's card is: turns/fine_mano.h.
     ++mosse;
 }
 

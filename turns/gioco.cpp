@@ -13,6 +13,7 @@
 #include "match/frmlesta.h"
 #include "match/tavolo.h"
 #include "table/vista.h"
+#include "turns/fine_mano.h"
 #include "turns/frasi.h"
 #include "turns/passi.h"
 #include "turns/ritardo.h"
@@ -132,17 +133,17 @@ Task Frmlesta::gioco() {
             co_await verifica();
             co_await muovicarte();
         } else {
-            co_await ritardo(1);
+            co_await ritardo(pausa::prima_del_computer);
             co_await gioco2();
-            // Counted before the move, so that the move knows the last card
-            // of the hand on either side.
+            // Counted before the move, as the player's card is, so that the
+            // move knows the last card of the hand (turns/fine_mano.h).
             ++mosse;
             co_await muovicarte();
         }
         lato = 3 - lato;
 
         if (mosse != 6) continue;
-        co_await ritardo(1);
+        co_await ritardo(pausa::fine_distribuzione);
         if (posizione_mazzo == 22) break;
         mosse = 0;
         giocate.fill(0);
@@ -156,14 +157,16 @@ Task Frmlesta::gioco() {
         lato = primo;
     }
 
-    // What is left on the table goes to the side that captured last, even if
-    // the other side played after that capture. It is no sweep: the count of
-    // the deck and the moves is 28 now.
+    // What is left on the table goes to the side that captured last; the
+    // move is still that of the last card, so it is no sweep.
+    const Resto resto = resto_della_mano(tavolo, ultima_presa);
     quante = 0;
-    per_ogni_carta(tavolo, [this](Carta c) { metti_in_presa(*this, c); });
-    turno = ultima_presa;
-    racconta([this](Lingua l) { return frasi::resto(l, turno, std::span(presa).subspan(1, quante)); });
-    if (vuote != 12) co_await muovicarte();
+    for (int i = 0; i < resto.quante; ++i) metti_in_presa(*this, resto.carte[static_cast<std::size_t>(i)]);
+    turno = resto.lato;
+    racconta([&resto](Lingua l) {
+        return frasi::resto(l, resto.lato, std::span(resto.carte).first(static_cast<std::size_t>(resto.quante)));
+    });
+    if (resto.quante != 0) co_await muovicarte();
     mano_in_corso = false;
 
     // Both piles for the score, and the primiera of each.
@@ -175,7 +178,7 @@ Task Frmlesta::gioco() {
     mod.settebello = pile.settebello;
     calcsettanta();
     // The table stays on view a moment before the score sheet comes up.
-    co_await ritardo(5);
+    co_await ritardo(pausa::prima_del_punteggio);
     piattaforma.programma.Show_frmscore();
 }
 

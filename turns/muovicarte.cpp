@@ -12,7 +12,9 @@
 #include "match/frmlesta.h"
 #include "match/geometria.h"
 #include "match/tavolo.h"
+#include "turns/fine_mano.h"
 #include "turns/frasi.h"
+#include "turns/passi.h"
 #include "turns/ritardo.h"
 
 namespace lesta {
@@ -68,8 +70,7 @@ void dipingi_posata(Frmlesta& f) {
     posata.Left = sinistra_cella(f.colonna, f.tavolox, f.larghezza_carta);
     posata.Top = alto_cella(f.riga, f.tavoloy, f.altezza_carta);
     f.finestra.PaintPicture(faccia(f.carta_giocata), posata.Left, posata.Top, f.larghezza_carta, f.altezza_carta);
-    f.finestra.BoxFilled(f.posx - 1, f.posy - 1, f.posx + f.larghezza_carta + 1, f.posy + f.altezza_carta + 1,
-                         verde_tavolo);
+    cancella_carta(f, f.posx, f.posy);
     f.in_gioco = 0;
 }
 
@@ -78,8 +79,7 @@ void dipingi_posata(Frmlesta& f) {
 void sale(Frmlesta& f, int i) {
     const Carta c = f.presa[i];
     if (c == 0) return;
-    f.finestra.BoxFilled(f.presax[i] - 1, f.presay[i] - 1, f.presax[i] + f.larghezza_carta + 1,
-                         f.presay[i] + f.altezza_carta + 1, verde_tavolo);
+    cancella_carta(f, f.presax[i], f.presay[i]);
     f.carta[c].Left = f.posx;
     f.carta[c].Top = static_cast<float>(f.posy - i * 0.3 * f.altezza_carta);
     f.finestra.PaintPicture(faccia(c), f.carta[c].Left, f.carta[c].Top, f.larghezza_carta, f.altezza_carta);
@@ -89,8 +89,7 @@ void sale(Frmlesta& f, int i) {
 // wiped above it.
 void scende(Frmlesta& f, Carta cima, std::int32_t t) {
     f.finestra.PaintPicture(faccia(cima), f.posx, static_cast<float>(t + 1), f.larghezza_carta, f.altezza_carta);
-    f.finestra.BoxFilled(f.posx - 1, static_cast<float>(t - 3), f.posx + f.larghezza_carta + 1, static_cast<float>(t),
-                         verde_tavolo);
+    cancella(f, f.posx, static_cast<float>(t - 3), static_cast<float>(t));
 }
 
 // The stack turned over on the spot of the played card.
@@ -102,8 +101,8 @@ void capovolgi(Frmlesta& f) {
 // The stack carried to the pile of the side on turn, and the lamp beside
 // the pile lit.
 void in_pila(Frmlesta& f) {
-    f.finestra.BoxFilled(f.posx - 1, f.posy - 1, f.posx + f.larghezza_carta + 1, f.posy + f.altezza_carta + 3,
-                         verde_tavolo);
+    // The turned stack stands 2 lower than the played card.
+    cancella(f, f.posx, f.posy - 1, f.posy + f.altezza_carta + 3);
     const auto pila = static_cast<float>(f.pilay[f.turno]);
     f.finestra.PaintPicture(Figura::Dorso, 100, pila, f.larghezza_carta, f.altezza_carta);
     const Rett& led = f.rett(Controllo::Led);
@@ -148,10 +147,10 @@ Task Frmlesta::muovicarte() {
             // The captured cards rise one by one; the top card slides down
             // onto the played card, a step a frame whatever the game's speed.
             for (int i = 1; i <= quante; ++i) {
-                co_await ritardo(1);
+                co_await ritardo(pausa::prima_di_salire);
                 sale(*this, i);
             }
-            co_await ritardo(2);
+            co_await ritardo(pausa::presa_sollevata);
             ultima_presa = turno;
             // The holes at the end of the list go: its last card tops the stack.
             while (presa[quante] == 0) --quante;
@@ -165,19 +164,18 @@ Task Frmlesta::muovicarte() {
         }
         // The stack is turned over and carried to its pile, where the lamp
         // lights for a moment.
-        co_await ritardo(1);
+        co_await ritardo(pausa::prima_di_capovolgere);
         capovolgi(*this);
-        co_await ritardo(2);
+        co_await ritardo(pausa::capovolta);
         in_pila(*this);
-        co_await ritardo(2);
+        co_await ritardo(pausa::lampada_accesa);
         Visible(Controllo::Led, false);
         // Only now, with the stack on the pile, are the player's cards counted.
         if (turno == 1) conta_le_prese(prese, carta_giocata, presa, quante);
     }
 
     vuote = togli_le_prese(tavolo, carta);
-    // A sweep, except with the last card of the hand.
-    if (vuote == 12 && posizione_mazzo + mosse != 28) {
+    if (fa_lesta(vuote, posizione_mazzo, mosse)) {
         ++mod.leste[turno];
         segno_della_lesta(*this);
         carte_leste[static_cast<std::size_t>(turno)][static_cast<std::size_t>(mod.leste[turno] - 1)] = carta_giocata;

@@ -50,7 +50,7 @@ Task Frmlesta::verifica() {
     }
 
     modo = Modo::vuoto;
-    co_await ritardo(1);
+    co_await ritardo(pausa::carta_del_giocatore);
 }
 
 }  // namespace lesta

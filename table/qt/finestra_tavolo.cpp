@@ -22,6 +22,7 @@
 #include "table/qt/controllo_figura.h"
 #include "table/qt/cronista_qt.h"
 #include "table/qt/immagini.h"
+#include "table/qt/nome_tasto.h"
 #include "table/qt/superficie_qt.h"
 #include "table/testi_aiuto.h"
 
@@ -30,6 +31,9 @@ namespace lesta {
 namespace {
 
 QString css(Colore c) { return colore_qt(c).name(); }
+
+// The keys that keep a key from playing.
+constexpr auto altri_tasti = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
 // The frame round the match choice: a rounded outline, clear inside.
 class Cornice final : public QWidget {
@@ -231,8 +235,7 @@ void FinestraTavoloQt::controllo_cambiato(Controllo c, const Rett& r, bool visib
     // A control that goes holds the keyboard no more: the table takes it, so
     // that the keys play again. (Qt would leave it with a hidden panel when no
     // other control can hold it, and the keys would write there unseen.)
-    const QWidget* attivo = focusWidget();
-    if (!visibile && attivo != nullptr && (attivo == w || w->isAncestorOf(attivo))) superficie_->setFocus();
+    if (!visibile && tiene_tastiera(c)) superficie_->setFocus();
     const bool compare = visibile && !w->isVisible();
     w->setVisible(visibile);
     if (in_primo_piano) w->raise();
@@ -319,6 +322,9 @@ void FinestraTavoloQt::closeEvent(QCloseEvent* evento) {
 
 void FinestraTavoloQt::showEvent(QShowEvent* evento) {
     QMainWindow::showEvent(evento);
+    // The keys that press GO are looked at on their way to the window (its
+    // handle exists from the first show; a second install is no second filter).
+    windowHandle()->installEventFilter(this);
     if (!mostrata_) {
         mostrata_ = true;
         emit prima_volta();
@@ -327,31 +333,50 @@ void FinestraTavoloQt::showEvent(QShowEvent* evento) {
 
 // A key comes here when nothing on the window takes it: the table holds the
 // keyboard, or a control that has no use for the key. The game judges it
-// (Frmlesta::Form_KeyDown). The key is the one the keyboard's layout names,
-// shift or not: a letter is the one printed on the key whatever the layout
-// (on a French keyboard, Q is where an English one has A), and 1 is the
-// number row's or the keypad's (with Num Lock on; on a French keyboard the
-// number row's needs Shift, as it does to type a digit). Not a key while a
-// help panel holds the keyboard: the English rules can be written in, and the
-// others are the player's reading. Not with Ctrl, Alt or Meta: Alt and a
-// letter opens a menu, and the menus take those keys before any window sees
-// them. A key held down plays once, as a held mouse button clicks once.
+// (Frmlesta::Form_KeyDown) by the name a US keyboard prints on it: the key
+// counts by its place, so that the same keys, in the same rectangle, play on
+// every layout (see nome_del_tasto). Not a key while a help panel holds the
+// keyboard: the English rules can be written in, and the others are the
+// player's reading. Not with Ctrl, Alt or Meta: Alt and a letter opens a
+// menu, and the menus take those keys before any window sees them. Shift
+// does not matter. A key held down plays once, as a held mouse button clicks
+// once.
 void FinestraTavoloQt::keyPressEvent(QKeyEvent* evento) {
-    constexpr auto altri_tasti = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
-    const int k = evento->key();
-    if (evento->isAutoRepeat() || (evento->modifiers() & altri_tasti) || k < Qt::Key_Space || k > Qt::Key_AsciiTilde ||
-        pannello_con_tastiera()) {
+    const char nome = nome_del_tasto(*evento);
+    if (nome == 0 || evento->isAutoRepeat() || (evento->modifiers() & altri_tasti) || pannello_con_tastiera()) {
         QMainWindow::keyPressEvent(evento);
         return;
     }
-    emit tasto(static_cast<char>(k));
+    emit tasto(nome);
+}
+
+// Enter and the space bar press GO whenever the start panel shows, whatever
+// holds the keyboard: a match choice, GO, the table, the song's button, or
+// the Italian rules or the information, which are only read. The English
+// rules keep them, as they keep every key: there they write, and a blank
+// typed in them starts nothing. So does the menu bar, reached by Alt: there
+// Enter opens the menu it points at. The keys are taken on their way to the
+// window, before the control that holds the keyboard sees them, so that the
+// space bar does not pick the choice that holds it; the arrows still go to
+// the choices and move between them. Held down, or with Ctrl, Alt or Meta,
+// Enter and the space bar do nothing there.
+bool FinestraTavoloQt::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (evento->type() != QEvent::KeyPress || oggetto != windowHandle()) return false;
+    const auto* e = static_cast<QKeyEvent*>(evento);
+    const bool avvio = e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter || e->key() == Qt::Key_Space;
+    auto* go = static_cast<QAbstractButton*>(widget(Controllo::GO));
+    if (!avvio || !go->isVisible() || tiene_tastiera(Controllo::Text2) || focusWidget() == menuBar()) return false;
+    if (!e->isAutoRepeat() && !(e->modifiers() & altri_tasti)) go->click();
+    return true;
+}
+
+bool FinestraTavoloQt::tiene_tastiera(Controllo c) const {
+    const QWidget* attivo = focusWidget();
+    return attivo != nullptr && (attivo == widget(c) || widget(c)->isAncestorOf(attivo));
 }
 
 bool FinestraTavoloQt::pannello_con_tastiera() const {
-    const QWidget* attivo = focusWidget();
-    for (Controllo c : {Controllo::Text2, Controllo::Text3, Controllo::Text4})
-        if (attivo != nullptr && (attivo == widget(c) || widget(c)->isAncestorOf(attivo))) return true;
-    return false;
+    return tiene_tastiera(Controllo::Text2) || tiene_tastiera(Controllo::Text3) || tiene_tastiera(Controllo::Text4);
 }
 
 }  // namespace lesta

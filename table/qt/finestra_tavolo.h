@@ -49,9 +49,9 @@ signals:
     void tutte_le_canzoni();
     void nessuna_musica();
     void esci();
-    // A key pressed on the table, as the character the keyboard's layout
-    // names for it ('1', 'Q'...): see keyPressEvent.
-    void tasto(char carattere);
+    // A key pressed on the table, by the name a US keyboard prints at its
+    // place ('1', 'Q'...): see keyPressEvent and nome_del_tasto.
+    void tasto(char nome);
     void chiusa();       // the window's own close control
     void prima_volta();  // the window is on screen for the first time
 
@@ -59,12 +59,16 @@ protected:
     void closeEvent(QCloseEvent* evento) override;
     void showEvent(QShowEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+    // Enter and the space bar on the start panel.
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 private:
     void crea_controlli();
     void crea_menu();
     void posiziona(Controllo c);
     void posiziona_tutti();
+    // Whether this control, or one inside it, holds the keyboard.
+    bool tiene_tastiera(Controllo c) const;
     // Whether a help panel holds the keyboard.
     bool pannello_con_tastiera() const;
 

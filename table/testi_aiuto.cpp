@@ -43,8 +43,12 @@ The keys play too: Enter or the space
 bar is GO; 1, 2 and 3 play the cards
 of your hand from the left; Q W E R,
 A S D F and Z X C V select the table
-cards, row by row. The keys are named
-as a US keyboard prints them; what
+cards, row by row. With a screen
+reader, H reads your hand again, T
+the table, I whose turn it is, with
+the deck and the leste, and P the
+match so far. The keys are named as
+a US keyboard prints them; what
 counts is where a key is, not what
 your keyboard prints on it.
 
@@ -103,10 +107,14 @@ Si gioca anche coi tasti: Invio o la
 barra spaziatrice è GO; 1, 2 e 3
 giocano le carte in mano, da sinistra;
 Q W E R, A S D F e Z X C V scelgono le
-carte in tavola, riga per riga. I nomi
-dei tasti sono quelli di una tastiera
-americana: conta il posto del tasto,
-non quel che c'è scritto sopra.
+carte in tavola, riga per riga. Con
+un lettore di schermo, H rilegge le
+tue carte, T la tavola, I a chi
+tocca, col mazzo e le leste, e P la
+partita fin qui. I nomi dei tasti sono
+quelli di una tastiera americana:
+conta il posto del tasto, non quel
+che c'è scritto sopra.
 
 Prendere tutte le carte in tavola è
 una lesta: la carta che l'ha fatta

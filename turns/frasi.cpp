@@ -177,6 +177,11 @@ std::string resto(Lingua l, int lato, std::span<const Carta> carte) {
            nomi + ".";
 }
 
+std::string partita_scelta(Lingua l, std::string_view scelta) {
+    return std::string(in(l, "Chosen: ", "Scelta: ")) + std::string(scelta) +
+           in(l, ". Enter starts the match.", ". Invio avvia la partita.");
+}
+
 std::string le_tue_carte(Lingua l, const Mano& mano) { return carte_in_mano(l, mano); }
 
 std::string sul_tavolo(Lingua l, const Tavolo& tavolo, const std::array<bool, 41>& segnate, Carta in_gioco) {

@@ -13,6 +13,7 @@
 #include <array>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "match/carte.h"
 #include "match/nomi_carte.h"
@@ -52,6 +53,9 @@ std::string tavolo_pieno(Lingua l, int lato, Carta carta);
 std::string lesta(Lingua l, int lato);
 // At the end of the hand the side that took last takes what is left.
 std::string resto(Lingua l, int lato, std::span<const Carta> carte);
+
+// The start panel: the kind of match chosen, by its button's caption.
+std::string partita_scelta(Lingua l, std::string_view scelta);
 
 // ---- what the player asks for ----
 

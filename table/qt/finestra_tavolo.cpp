@@ -25,6 +25,7 @@
 #include "table/qt/nome_tasto.h"
 #include "table/qt/superficie_qt.h"
 #include "table/testi_aiuto.h"
+#include "turns/frasi.h"
 
 namespace lesta {
 
@@ -171,6 +172,14 @@ void FinestraTavoloQt::crea_controlli() {
     // The first match is a single hand unless the player picks another.
     opzioni_->button(0)->setChecked(true);
     connect(opzioni_, &QButtonGroup::idClicked, this, &FinestraTavoloQt::opzione);
+    // GO says which match it starts, for a player who follows the game by ear.
+    auto scelta_su_go = [this] {
+        const QAbstractButton* scelta = opzioni_->checkedButton();
+        if (scelta == nullptr) return;  // between one choice and the next
+        const std::string testo = frasi::partita_scelta(lingua_del_desktop(), scelta->text().toStdString());
+        widget(Controllo::GO)->setAccessibleDescription(QString::fromStdString(testo));
+    };
+    connect(opzioni_, &QButtonGroup::idToggled, this, scelta_su_go);
     auto* go = new QPushButton(QStringLiteral("GO"), superficie_);
     go->setAutoDefault(true);  // Enter presses it while it has the keyboard
     go->setFont(in_punti(go, 8));
@@ -179,6 +188,7 @@ void FinestraTavoloQt::crea_controlli() {
                           .arg(css(0x80FF80)));
     connect(go, &QPushButton::clicked, this, &FinestraTavoloQt::go);
     metti(Controllo::GO, go);
+    scelta_su_go();
 
     metti(Controllo::CmdSong, bottone_canzone(superficie_));
     const std::pair<Controllo, std::string_view> pannelli[] = {
@@ -302,8 +312,7 @@ void FinestraTavoloQt::caption(Controllo c, std::string_view testo) {
     if (c == Controllo::CmdSong) {
         widget(c)->findChild<QLabel*>(QStringLiteral("titolo"))->setText(t);
         widget(c)->setAccessibleName(t);  // the button's words are its label's
-    }
-    else if (auto* bottone = qobject_cast<QAbstractButton*>(widget(c)))
+    } else if (auto* bottone = qobject_cast<QAbstractButton*>(widget(c)))
         bottone->setText(t);
 }
 

@@ -305,12 +305,23 @@ void FinestraTavoloQt::closeEvent(QCloseEvent* evento) {
     emit chiusa();
 }
 
+// A shown window is not yet on screen: the window manager first gives it
+// its place and its maximised size, and only then shows it. The first time
+// it comes on screen is told as it comes, before it is painted.
 void FinestraTavoloQt::showEvent(QShowEvent* evento) {
     QMainWindow::showEvent(evento);
     if (!mostrata_) {
         mostrata_ = true;
+        windowHandle()->installEventFilter(this);
+    }
+}
+
+bool FinestraTavoloQt::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (oggetto == windowHandle() && evento->type() == QEvent::Expose && windowHandle()->isExposed()) {
+        windowHandle()->removeEventFilter(this);
         emit prima_volta();
     }
+    return QMainWindow::eventFilter(oggetto, evento);
 }
 
 // A key comes here when nothing on the window takes it: the table holds the

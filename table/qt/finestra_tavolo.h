@@ -52,12 +52,15 @@ signals:
     // A key pressed on the table, as the character the keyboard's layout
     // names for it ('1', 'Q'...): see keyPressEvent.
     void tasto(char carattere);
-    void chiusa();       // the window's own close control
-    void prima_volta();  // the window is on screen for the first time
+    void chiusa();  // the window's own close control
+    // The window is on screen for the first time, at the size the window
+    // manager gave it, and about to be painted.
+    void prima_volta();
 
 protected:
     void closeEvent(QCloseEvent* evento) override;
     void showEvent(QShowEvent* evento) override;
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
 
 private:

@@ -62,9 +62,10 @@ Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
     });
     connect(&foglio_, &FinestraPunteggioQt::scarica_tavolo, this, [this] { evento([this] { frm_.Form_Unload(); }); });
     connect(&foglio_, &FinestraPunteggioQt::fine, this, [this] { End(); });
-    // The first show activates the table; queued, so that the window is on
-    // screen before the hand starts painting.
-    connect(&tavolo_, &FinestraTavoloQt::prima_volta, this, &Applicazione::attiva, Qt::QueuedConnection);
+    // The table's first coming on screen activates it: the window has its
+    // maximised size by then, so the blue screen is painted at its place,
+    // and before the window's first frame, which shows all of it.
+    connect(&tavolo_, &FinestraTavoloQt::prima_volta, this, &Applicazione::attiva);
     // The sound (its libraries, the device, the card sound and the song) is
     // taken only once the table is painted: until then its commands queue.
     trattieni_suoni();

@@ -329,15 +329,27 @@ void FinestraTavoloQt::closeEvent(QCloseEvent* evento) {
     emit chiusa();
 }
 
+// A shown window is not yet on screen: the window manager first gives it
+// its place and its maximised size, and only then shows it. The first time
+// it comes on screen is told as it comes, before it is painted.
 void FinestraTavoloQt::showEvent(QShowEvent* evento) {
     QMainWindow::showEvent(evento);
-    // The keys that press GO are looked at on their way to the window (its
-    // handle exists from the first show; a second install is no second filter).
-    windowHandle()->installEventFilter(this);
+    // The window's own events are looked at on their way to it (its handle
+    // exists from the first show): its first coming on screen, and the keys
+    // that press GO.
     if (!mostrata_) {
         mostrata_ = true;
+        windowHandle()->installEventFilter(this);
+    }
+}
+
+bool FinestraTavoloQt::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (oggetto != windowHandle()) return QMainWindow::eventFilter(oggetto, evento);
+    if (evento->type() == QEvent::Expose && !esposta_ && windowHandle()->isExposed()) {
+        esposta_ = true;
         emit prima_volta();
     }
+    return evento->type() == QEvent::KeyPress && premi_go(*static_cast<QKeyEvent*>(evento));
 }
 
 // A key comes here when nothing on the window takes it: the table holds the
@@ -369,13 +381,11 @@ void FinestraTavoloQt::keyPressEvent(QKeyEvent* evento) {
 // space bar does not pick the choice that holds it; the arrows still go to
 // the choices and move between them. Held down, or with Ctrl, Alt or Meta,
 // Enter and the space bar do nothing there.
-bool FinestraTavoloQt::eventFilter(QObject* oggetto, QEvent* evento) {
-    if (evento->type() != QEvent::KeyPress || oggetto != windowHandle()) return false;
-    const auto* e = static_cast<QKeyEvent*>(evento);
-    const bool avvio = e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter || e->key() == Qt::Key_Space;
+bool FinestraTavoloQt::premi_go(const QKeyEvent& e) {
+    const bool avvio = e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter || e.key() == Qt::Key_Space;
     auto* go = static_cast<QAbstractButton*>(widget(Controllo::GO));
     if (!avvio || !go->isVisible() || tiene_tastiera(Controllo::Text2) || focusWidget() == menuBar()) return false;
-    if (!e->isAutoRepeat() && !(e->modifiers() & altri_tasti)) go->click();
+    if (!e.isAutoRepeat() && !(e.modifiers() & altri_tasti)) go->click();
     return true;
 }
 

@@ -52,15 +52,18 @@ signals:
     // A key pressed on the table, by the name a US keyboard prints at its
     // place ('1', 'Q'...): see keyPressEvent and nome_del_tasto.
     void tasto(char nome);
-    void chiusa();       // the window's own close control
-    void prima_volta();  // the window is on screen for the first time
+    void chiusa();  // the window's own close control
+    // The window is on screen for the first time, at the size the window
+    // manager gave it, and about to be painted.
+    void prima_volta();
 
 protected:
     void closeEvent(QCloseEvent* evento) override;
     void showEvent(QShowEvent* evento) override;
-    void keyPressEvent(QKeyEvent* evento) override;
-    // Enter and the space bar on the start panel.
+    // The window's first coming on screen, and Enter and the space bar on
+    // the start panel.
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
+    void keyPressEvent(QKeyEvent* evento) override;
 
 private:
     void crea_controlli();
@@ -71,6 +74,8 @@ private:
     bool tiene_tastiera(Controllo c) const;
     // Whether a help panel holds the keyboard.
     bool pannello_con_tastiera() const;
+    // Enter or the space bar pressed GO, if the start panel shows.
+    bool premi_go(const QKeyEvent& evento);
 
     Immagini& immagini_;
     SuperficieQt* superficie_;
@@ -87,6 +92,7 @@ private:
     QAction* esci_ = nullptr;
     QButtonGroup* opzioni_ = nullptr;
     bool mostrata_ = false;
+    bool esposta_ = false;
 };
 
 }  // namespace lesta

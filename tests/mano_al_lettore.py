@@ -117,7 +117,18 @@ def presa_possibile(carte, v, singola):
     raise Fallito("no capture adds up to %d on %s" % (v, carte))
 
 
-def gioca(ascolto, p, notifiche):
+def ascolta(parlato, riga, secondi=10):
+    """As a player by ear: what the game said is heard before a key is
+    pressed (when Orca runs, until it has said it)."""
+    limite = time.monotonic() + secondi
+    while parlato is not None and time.monotonic() < limite:
+        with open(parlato, encoding="utf-8") as f:
+            if riga in f.read():
+                return
+        time.sleep(0.05)
+
+
+def gioca(ascolto, p, notifiche, parlato):
     ascolto.attendi("GO holding the keyboard", lambda c: c[0] == "focus:" and c[2] == "GO")
     premi("Return")
     while True:
@@ -129,6 +140,7 @@ def gioca(ascolto, p, notifiche):
             return campi
         riga = testo(campi[2])
         notifiche.append(riga)
+        ascolta(parlato, riga)
         if p["turno"] in riga:
             mano = riga.split(p["turno"], 1)[1].split(p["carte"], 1)[1]
             premi(mano[0])  # the first card left in hand, by its key
@@ -138,21 +150,12 @@ def gioca(ascolto, p, notifiche):
             tavola = testo(ascolto.attendi(
                 "the table read", lambda c: notifica(c) and testo(c[2]).startswith(p["tavola"]))[2])
             notifiche.append(tavola)
+            ascolta(parlato, tavola)
             celle = re.findall(r"([QWERASDFZXCV]): (\w+) %s \w+" % p["di"], tavola)
             carta = re.search(r"(?:The |Il |La |L')(\w+) %s \w+%s" % (p["di"], p["deve"]), riga).group(1)
             chiavi = presa_possibile([(k, valore(n, p)) for k, n in celle], valore(carta, p), p["pari"] in riga)
             for k in chiavi:
                 premi(k.lower())
-
-
-def ascolta_il_foglio(parlato, lettura):
-    limite = time.monotonic() + 30
-    while parlato is not None and lettura and time.monotonic() < limite:
-        with open(parlato, encoding="utf-8") as f:
-            if lettura in f.read():
-                return
-        time.sleep(0.1)
-    time.sleep(1)
 
 
 def controlla(ascolto, p, notifiche, foglio, parlato):
@@ -218,11 +221,12 @@ def main():
     ascolto = Ascolto(a.eventi, processo)
     notifiche = []
     try:
-        foglio = gioca(ascolto, p, notifiche)
+        foglio = gioca(ascolto, p, notifiche, a.parlato)
         # The player listens to the sheet (Orca, when it runs, has said it),
         # then Enter goes on: the button that holds the keyboard is NEW GAME,
         # and the start panel comes back.
-        ascolta_il_foglio(a.parlato, testo(foglio[6]) if len(foglio) > 6 else None)
+        ascolta(a.parlato, testo(foglio[6]) if len(foglio) > 6 else "", secondi=30)
+        time.sleep(1)
         premi("Return")
         ascolto.attendi("the start panel again", lambda c: c[0] == "focus:" and c[2] == "GO", secondi=30)
         time.sleep(1)  # what Orca still has to say

@@ -61,7 +61,7 @@ void CronistaQt::annuncia() {
     fonte_.annunci[static_cast<std::size_t>(prossimo_)] = testo;
     QAccessibleEvent mostrato(tavolo->child(figlio_annuncio(prossimo_)), QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&mostrato);
-    prossimo_ = 1 - prossimo_;
+    prossimo_ = (prossimo_ + 1) % static_cast<int>(fonte_.annunci.size());
 
     if (nomi_.size() != numero_posti) nomi_ = QStringList(numero_posti, QString());
     for (int posto = 0; posto < numero_posti; ++posto) {

@@ -119,7 +119,7 @@ TavoloAccessibile::TavoloAccessibile(QWidget* superficie, const FonteTavolo& fon
     : QAccessibleWidget(superficie, QAccessible::Canvas), fonte_(fonte) {
     for (int posto = 0; posto < numero_posti; ++posto)
         figli_.push_back(QAccessible::registerAccessibleInterface(new PostoAccessibile(*this, posto)));
-    for (int i = 0; i < 2; ++i)
+    for (int i = 0; i < static_cast<int>(fonte_.annunci.size()); ++i)
         figli_.push_back(QAccessible::registerAccessibleInterface(new AnnuncioAccessibile(*this, i)));
 }
 

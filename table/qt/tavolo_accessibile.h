@@ -7,11 +7,12 @@
 // now, at its place on the screen. A hand slot or a cell can be pressed:
 // that is its key, for a player who reaches it with the screen reader.
 //
-// Two more objects, never seen, carry what the game tells: notifications,
-// which a screen reader speaks as each is shown, whatever holds the
-// keyboard, queued behind what it is still saying. They take turns, for a
-// screen reader may drop a second showing of one object that comes before
-// it has spoken the first.
+// More objects, never seen, carry what the game tells: notifications, which
+// a screen reader speaks as each is shown, whatever holds the keyboard,
+// queued behind what it is still saying. They take turns: a screen reader
+// reads a notification's words only when it comes to it, and drops a second
+// showing of one object that comes before it has spoken the first, so each
+// keeps its words until several more have been shown.
 
 #include <QAccessibleWidget>
 #include <QString>
@@ -31,10 +32,10 @@ struct FonteTavolo {
     const Frmlesta* gioco = nullptr;
     Lingua lingua = Lingua::inglese;
     std::function<void(char tasto)> premi;
-    std::array<QString, 2> annunci;  // what each notification says
+    std::array<QString, 8> annunci;  // what each notification says
 };
 
-// The index of notification i (0, 1) among the surface's objects.
+// The index of notification i among the surface's objects.
 int figlio_annuncio(int i);
 
 class TavoloAccessibile final : public QAccessibleWidget {

@@ -21,11 +21,10 @@ char tasto_del_posto(int posto) {
     return 0;
 }
 
-// One place of the table: it has no widget of its own, only a name, a place
-// on the surface and, for a hand slot or a cell, a press.
-class PostoAccessibile final : public QAccessibleInterface, public QAccessibleActionInterface {
+// An object of the table that has no widget and no children of its own.
+class FiglioDelTavolo : public QAccessibleInterface {
 public:
-    PostoAccessibile(const TavoloAccessibile& tavolo, int posto) : tavolo_(tavolo), posto_(posto) {}
+    explicit FiglioDelTavolo(const TavoloAccessibile& tavolo) : tavolo_(tavolo) {}
 
     bool isValid() const override { return tavolo_.isValid(); }
     QObject* object() const override { return nullptr; }
@@ -35,11 +34,21 @@ public:
     int childCount() const override { return 0; }
     int indexOfChild(const QAccessibleInterface*) const override { return -1; }
     QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    void setText(QAccessible::Text, const QString&) override {}
+
+protected:
+    const TavoloAccessibile& tavolo_;
+};
+
+// One place of the table: a name, a place on the surface and, for a hand
+// slot or a cell, a press.
+class PostoAccessibile final : public FiglioDelTavolo, public QAccessibleActionInterface {
+public:
+    PostoAccessibile(const TavoloAccessibile& tavolo, int posto) : FiglioDelTavolo(tavolo), posto_(posto) {}
 
     QString text(QAccessible::Text t) const override {
         return t == QAccessible::Name ? nome_del_posto(tavolo_.fonte(), posto_) : QString();
     }
-    void setText(QAccessible::Text, const QString&) override {}
     QRect rect() const override {
         const auto* superficie = static_cast<const SuperficieQt*>(tavolo_.superficie());
         const Frmlesta* gioco = tavolo_.fonte().gioco;
@@ -72,27 +81,17 @@ public:
     }
 
 private:
-    const TavoloAccessibile& tavolo_;
     int posto_;
 };
 
 // What the game tells, shown to a screen reader as a notification.
-class AnnuncioAccessibile final : public QAccessibleInterface {
+class AnnuncioAccessibile final : public FiglioDelTavolo {
 public:
-    AnnuncioAccessibile(const TavoloAccessibile& tavolo, int quale) : tavolo_(tavolo), quale_(quale) {}
+    AnnuncioAccessibile(const TavoloAccessibile& tavolo, int quale) : FiglioDelTavolo(tavolo), quale_(quale) {}
 
-    bool isValid() const override { return tavolo_.isValid(); }
-    QObject* object() const override { return nullptr; }
-    QWindow* window() const override { return tavolo_.window(); }
-    QAccessibleInterface* parent() const override { return const_cast<TavoloAccessibile*>(&tavolo_); }
-    QAccessibleInterface* child(int) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
     QString text(QAccessible::Text t) const override {
         return t == QAccessible::Name ? tavolo_.fonte().annunci[static_cast<std::size_t>(quale_)] : QString();
     }
-    void setText(QAccessible::Text, const QString&) override {}
     QRect rect() const override { return {}; }
     QAccessible::Role role() const override { return QAccessible::Notification; }
     QAccessible::State state() const override {
@@ -102,7 +101,6 @@ public:
     }
 
 private:
-    const TavoloAccessibile& tavolo_;
     int quale_;
 };
 

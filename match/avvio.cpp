@@ -7,6 +7,7 @@
 #include "match/frmlesta.h"
 #include "match/geometria.h"
 #include "table/sipario.h"
+#include "turns/frasi.h"
 #include "turns/ritardo.h"
 
 namespace lesta {
@@ -81,6 +82,9 @@ Task Frmlesta::Form_Activate() {
     tavoloy = misure.tavoloy;
 
     Mescola();
+    racconta([this](Lingua l) {
+        return frasi::nuova_mano(l, mod.tipo_partita, mod.partite / 10 + 1, mod.mazziere, tavolo);
+    });
     daicarte();
     co_await gioco();
 }

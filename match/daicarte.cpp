@@ -5,6 +5,7 @@
 
 #include "match/frmlesta.h"
 #include "match/geometria.h"
+#include "turns/frasi.h"
 
 namespace lesta {
 
@@ -34,6 +35,12 @@ void Frmlesta::daicarte() {
         retro.Left = x;
         retro.Top = alto_mano_computer;
     }
+
+    racconta([this](Lingua l) {
+        const int p = posizione_mazzo;
+        return frasi::distribuzione(l, (p - 4) / 3, {0, mod.mazzo[p - 2], mod.mazzo[p - 1], mod.mazzo[p]},
+                                    2 * (22 - p));
+    });
 }
 
 }  // namespace lesta

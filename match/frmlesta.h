@@ -23,6 +23,7 @@
 #include "sound/media.h"
 #include "table/finestra.h"
 #include "table/posto_impostazioni.h"
+#include "turns/cronista.h"
 #include "turns/orologio.h"
 #include "turns/task.h"
 
@@ -36,6 +37,7 @@ struct Piattaforma {
     Media& MMC1;  // the music
     Media& MMCw;  // the card sound
     Programma& programma;
+    Cronista& cronista;  // who tells the game to a player who follows it by ear
 };
 
 // The mark of a table card chosen for the capture under way.
@@ -146,6 +148,13 @@ public:
     Task muovicarte();
     // The primiera of both piles at the end of a hand.
     void calcsettanta();
+    // Tells a player who follows the game by ear what just happened: the line
+    // (made by frase from the language) is made only when someone listens.
+    template <class Frase>
+    void racconta(Frase&& frase) {
+        Cronista& cronista = piattaforma.cronista;
+        if (cronista.in_ascolto()) cronista.racconta(frase(cronista.lingua()));
+    }
     // The songs of the music folder, entered in the music menu at load.
     void riempi_canzoni();
     // Starts the music that the settings ask for.
@@ -184,6 +193,16 @@ public:
     std::int16_t ultima_presa = 0;
     std::array<std::int32_t, 3> pilay{};  // Top of each side's pile
     std::array<std::int16_t, 3> settanta{};
+    // From the shuffle until what is left on the table has been gathered:
+    // while it holds, the grid and the hands are what the table shows.
+    bool mano_in_corso = false;
+    // The card face up on the spot of the card in play, 0 when none is: it
+    // comes with the card played, and goes when the card is laid or its
+    // capture turned over.
+    Carta in_gioco = 0;
+    // The cards that made each side's leste in this hand, in order: each
+    // stands face up beside its pile, the last one on top.
+    std::array<std::array<Carta, 19>, 3> carte_leste{};
 
     // ---- geometry ----
     float meta_larghezza = 400, meta_altezza = 300;

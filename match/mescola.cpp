@@ -38,6 +38,9 @@ void Frmlesta::Mescola() {
         Visible(Rosso(i), true);
     }
     posizione_mazzo = 0;
+    mano_in_corso = true;
+    in_gioco = 0;
+    for (auto& carte : carte_leste) carte.fill(0);
     sipario(finestra, verde_tavolo);
 
     for (int c = 1; c <= 4; ++c) {

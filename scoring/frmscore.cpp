@@ -8,6 +8,7 @@
 #include <cmath>
 #include <string>
 
+#include "scoring/linee.h"
 #include "scoring/settanta.h"
 #include "table/sipario.h"
 
@@ -39,25 +40,9 @@ void aggiungi(std::uint8_t& a, int n) {
     if (somma >= 0 && somma <= 255) a = static_cast<std::uint8_t>(somma);
 }
 
-// A side's five score lines for the hand: what it took, and so its points.
-struct Linee {
-    int carte, denari;  // cards and coins
-    bool primiera, settebello;
-    int leste;  // sweeps
-
-    // One point for more than 20 cards, one for more than 5 coins, one for
-    // the better primiera, one for the seven of coins, one a sweep.
-    std::array<int, 5> punti() const { return {carte > 20, denari > 5, primiera, settebello, leste}; }
-    std::array<std::string, 5> testi() const {
-        return {numero(carte), numero(denari), si_no(primiera), si_no(settebello), numero(leste)};
-    }
-};
-
-// The player's lines and the computer's, from the player's pile: the
-// computer took every card and coin that the player did not.
-std::array<Linee, 2> linee_della_mano(const ModLesta& mod) {
-    return {Linee{mod.numcarte, mod.numdenari, mod.vince_settanta == 1, mod.settebello, mod.leste[1]},
-            Linee{40 - mod.numcarte, 10 - mod.numdenari, mod.vince_settanta == 2, !mod.settebello, mod.leste[2]}};
+// A side's five cells of the hand's row.
+std::array<std::string, 5> celle(const Linee& l) {
+    return {numero(l.carte), numero(l.denari), si_no(l.primiera), si_no(l.settebello), numero(l.leste)};
 }
 
 // A match ends when a side has reached the target and the totals differ; a
@@ -189,7 +174,7 @@ void Frmscore::risultato() {
 
     // The hand's row: ten indices and 20 units of height per hand.
     const auto linee = linee_della_mano(mod);
-    const auto giocatore = linee[0].testi(), computer = linee[1].testi();
+    const auto giocatore = celle(linee[0]), computer = celle(linee[1]);
     const int primo = mod.partite + 13;
     const float alto = 2.0f * static_cast<float>(mod.partite) + 91.0f;
     for (int k = 0; k < 5; ++k) casella(primo + k, sinistra_giocatore(k), alto, giocatore[k]);

@@ -5,6 +5,7 @@
 // on behind them.
 
 #include "match/frmlesta.h"
+#include "table/testi_aiuto.h"
 
 namespace lesta {
 
@@ -13,6 +14,7 @@ void Frmlesta::english_Click() {
     ZOrder(Controllo::Text2);
     Visible(Controllo::Text3, false);
     Visible(Controllo::Text4, false);
+    racconta([](Lingua l) { return lettura_pannello(Controllo::Text2, l); });
 }
 
 void Frmlesta::Italiano_Click() {
@@ -20,6 +22,7 @@ void Frmlesta::Italiano_Click() {
     ZOrder(Controllo::Text3);
     Visible(Controllo::Text2, false);
     Visible(Controllo::Text4, false);
+    racconta([](Lingua l) { return lettura_pannello(Controllo::Text3, l); });
 }
 
 // The English rules are left as they are: the information opens over them,
@@ -29,6 +32,7 @@ void Frmlesta::menu_about_Click() {
     if (!Visible(Controllo::Text4)) {
         Visible(Controllo::Text4, true);
         ZOrder(Controllo::Text4);
+        racconta([](Lingua l) { return lettura_pannello(Controllo::Text4, l); });
     } else {
         Visible(Controllo::Text4, false);
     }

@@ -43,8 +43,12 @@ The keys play too: Enter or the space
 bar is GO; 1, 2 and 3 play the cards
 of your hand from the left; Q W E R,
 A S D F and Z X C V select the table
-cards, row by row. The keys are named
-as a US keyboard prints them; what
+cards, row by row. With a screen
+reader, H reads your hand again, T
+the table, I whose turn it is, with
+the deck and the leste, and P the
+match so far. The keys are named as
+a US keyboard prints them; what
 counts is where a key is, not what
 your keyboard prints on it.
 
@@ -103,10 +107,14 @@ Si gioca anche coi tasti: Invio o la
 barra spaziatrice è GO; 1, 2 e 3
 giocano le carte in mano, da sinistra;
 Q W E R, A S D F e Z X C V scelgono le
-carte in tavola, riga per riga. I nomi
-dei tasti sono quelli di una tastiera
-americana: conta il posto del tasto,
-non quel che c'è scritto sopra.
+carte in tavola, riga per riga. Con
+un lettore di schermo, H rilegge le
+tue carte, T la tavola, I a chi
+tocca, col mazzo e le leste, e P la
+partita fin qui. I nomi dei tasti sono
+quelli di una tastiera americana:
+conta il posto del tasto, non quel
+che c'è scritto sopra.
 
 Prendere tutte le carte in tavola è
 una lesta: la carta che l'ha fatta
@@ -147,5 +155,38 @@ lesta.
 )";
 
 const std::string_view testo_informazioni = "Lesta  ver. 3.4\nCarte triestine\n";
+
+std::string_view nome_controllo(Controllo c, Lingua l) {
+    const bool it = l == Lingua::italiano;
+    switch (c) {
+        case Controllo::Text2: return it ? "Regole del gioco in inglese" : "Game rules in English";
+        case Controllo::Text3: return it ? "Regole del gioco in italiano" : "Game rules in Italian";
+        case Controllo::Text4: return it ? "Informazioni" : "Information";
+        case Controllo::Verde0: return it ? "Luce verde dalla tua parte" : "Green light on your side";
+        case Controllo::Rosso0: return it ? "Luce rossa dalla tua parte" : "Red light on your side";
+        case Controllo::Verde1: return it ? "Luce verde dalla parte del computer" : "Green light on the computer's side";
+        case Controllo::Rosso1: return it ? "Luce rossa dalla parte del computer" : "Red light on the computer's side";
+        case Controllo::Led: return it ? "Lampada accanto al mazzetto" : "Lamp by the pile";
+        case Controllo::testo: return "Lesta";
+        default: return {};
+    }
+}
+
+std::string lettura_pannello(Controllo pannello, Lingua l) {
+    const std::string_view testo = pannello == Controllo::Text2   ? testo_inglese
+                                   : pannello == Controllo::Text3 ? testo_italiano
+                                                                  : testo_informazioni;
+    std::string lettura(nome_controllo(pannello, l));
+    lettura += ".\n";
+    for (std::size_t i = 0; i < testo.size(); ++i) {
+        const bool a_capo = testo[i] == '\n';
+        const bool paragrafo = a_capo && i + 1 < testo.size() && testo[i + 1] == '\n';
+        if (!a_capo || paragrafo || i + 1 == testo.size())
+            lettura += testo[i];
+        else
+            lettura += ' ';
+    }
+    return lettura;
+}
 
 }  // namespace lesta

@@ -8,10 +8,11 @@ coming and going, an announcement where the toolkit has one) and writes one
 line per event of the program named, in the order they come, its fields
 parted by tabs:
 
-    type  role  name  detail1  detail2  any_data
+    type  role  name  detail1  detail2  any_data  [description]
 
 role and name are the source's, as they are when the event is read; any_data
-is a text as it came, or "[role | name]" for an object. A backslash, a tab
+is a text as it came, or "[role | name]" for an object. An object taking the
+focus has its description too, which a screen reader says with its name. A backslash, a tab
 and a line end inside a field are written as \\\\, \\t and \\n.
 
 The program's toolkit sends only the events that someone on the bus asked
@@ -123,8 +124,14 @@ class Ascolto:
         if not self.del_programma(evento):
             return
         ruolo, nome = ruolo_e_nome(evento.source)
-        self.scrivi(evento.type, ruolo, nome, evento.detail1, evento.detail2,
-                    dati(evento.any_data, evento.source, (ruolo, nome)))
+        campi = [evento.type, ruolo, nome, evento.detail1, evento.detail2,
+                 dati(evento.any_data, evento.source, (ruolo, nome))]
+        if evento.type.startswith("focus:"):
+            try:
+                campi.append(evento.source.description)
+            except Exception:  # an object already gone from the program
+                campi.append("?")
+        self.scrivi(*campi)
 
     def albero(self):
         for applicazione in pyatspi.Registry.getDesktop(0):

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <string>
 #include <string_view>
@@ -84,6 +85,23 @@ public:
     int suonate = 0;
 };
 
+// Writes down every line the game tells, in order, once it is told to
+// listen (until then the game composes none, as for a player who needs none);
+// a test may look at each line as it is told.
+class CronistaRegistrato final : public Cronista {
+public:
+    bool in_ascolto() const override { return ascolta; }
+    Lingua lingua() const override { return lingua_; }
+    void racconta(std::string riga) override {
+        if (guarda) guarda(riga);
+        righe.push_back(std::move(riga));
+    }
+    bool ascolta = false;
+    Lingua lingua_ = Lingua::inglese;
+    std::function<void(const std::string&)> guarda;
+    std::vector<std::string> righe;
+};
+
 // The table's grid in scan order: row 1 columns 1..4, then rows 2 and 3; 0
 // is an empty cell.
 using Griglia = std::array<Carta, 12>;
@@ -139,8 +157,10 @@ struct Banco {
     CasualeFisso casuale;
     MediaRegistrata musica, suono;
     ProgrammaFinto programma;
+    CronistaRegistrato cronista;
     ModLesta mod;
-    Frmlesta frm{Piattaforma{finestra, orologio, casuale, musica, suono, programma}, mod, cartella.percorso()};
+    Frmlesta frm{Piattaforma{finestra, orologio, casuale, musica, suono, programma, cronista}, mod,
+                 cartella.percorso()};
 };
 
 // The draw u in [0, 1) for which floor(n x u) is k.

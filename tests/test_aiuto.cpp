@@ -12,6 +12,7 @@
 #include "banco.h"
 #include "match/geometria.h"
 #include "table/testi_aiuto.h"
+#include "table/vista.h"
 
 namespace lesta {
 namespace {
@@ -102,6 +103,9 @@ TEST(TestiAiuto, TheRulesNameTheKeysThatPlay) {
     }
     const std::pair<std::string_view, std::string_view> testi[] = {{testo_inglese, "where a key is"},
                                                                    {testo_italiano, "il posto del tasto"}};
+    // The keys that read the table again, for a player by ear: each named
+    // as a key of its own.
+    for (char t : tasti_lettura) nomi.push_back(std::string(" ") + t + " ");
     for (auto [testo, posto] : testi) {
         // The paragraph on keys, on one line.
         std::string tasti(testo.substr(testo.find("GO;")));

@@ -370,9 +370,11 @@ TEST(OrologioQt, APauseLastsItsTimeAndASpeedChangeCountsFromTheNext) {
     CasualeSistema casuale;
     MediaMuto musica, suono;
     ProgrammaFinto programma;
+    CronistaMuto cronista;
     ModLesta mod;
     prova::CartellaTemporanea cartella;
-    Frmlesta frm(Piattaforma{tavolo, orologio, casuale, musica, suono, programma}, mod, cartella.percorso());
+    Frmlesta frm(Piattaforma{tavolo, orologio, casuale, musica, suono, programma, cronista}, mod,
+                 cartella.percorso());
     orologio.al_timer2 = [&] { frm.Timer2_Timer(); };
     frm.velocita = 30;
 

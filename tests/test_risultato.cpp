@@ -11,6 +11,8 @@
 
 #include "headless/punteggio.h"
 #include "scoring/frmscore.h"
+#include "scoring/lettura_foglio.h"
+#include "scoring/settanta.h"
 
 namespace lesta {
 namespace {
@@ -227,6 +229,54 @@ TEST(Uscita, QuitUnloadsTheTableTheCloseControlEndsAtOnce) {
         EXPECT_EQ(f.finestra.finito, modo != 1) << modo;
         EXPECT_EQ(f.finestra.tavolo_scaricato, modo < 0 ? 1 : 0) << modo;
         EXPECT_EQ(f.finestra.tavolo_mostrato, 0);
+    }
+}
+
+// The sheet read out as it shows: each side's row and the points it gives,
+// the totals, the best primiera cards, how the hand or match ends, and the
+// button that Enter presses.
+TEST(Lettura, TheSheetReadAsItShows) {
+    struct Caso {
+        int tipo, prima_g, prima_c;
+        Mano mano;
+        Lingua lingua;
+        const char* atteso;
+    };
+    const Caso casi[] = {
+        {1, 2, 3, {23, 6, 0, true, 1, 2}, Lingua::inglese,
+         "Score sheet, hand 1 of a match to 11 points. Player: Carte 23, Denari 6, Primiera no, Settebello yes, "
+         "Leste 1; 4 points. Computer: Carte 17, Denari 4, Primiera no, Settebello no, Leste 2; 2 points. Totals: "
+         "Player 6, Computer 5. Best cards of the primiera: Player: Seven of Denari, Girl of Spade; Computer: "
+         "Ace of Coppe. The match goes on. Enter: CONTINUE."},
+        {2, 19, 17, {20, 5, 2, false, 0, 0}, Lingua::inglese,
+         "Score sheet, hand 1 of a match to 21 points. Player: Carte 20, Denari 5, Primiera no, Settebello no, "
+         "Leste 0; 0 points. Computer: Carte 20, Denari 5, Primiera yes, Settebello yes, Leste 0; 2 points. "
+         "Totals: Player 19, Computer 19. Best cards of the primiera: Player: Seven of Denari, Girl of Spade; "
+         "Computer: Ace of Coppe. The match goes on. Enter: CONTINUE."},
+        {1, 9, 0, {21, 4, 1, true, 0, 1}, Lingua::italiano,
+         "Foglio dei punti, mano 1 di una partita a 11 punti. Giocatore: Carte 21, Denari 4, Primiera sì, "
+         "Settebello sì, Leste 0; 3 punti. Computer: Carte 19, Denari 6, Primiera no, Settebello no, Leste 1; 2 "
+         "punti. Totali: Giocatore 12, Computer 2. Carte migliori della settanta: Giocatore: Sette di Denari, "
+         "Donna di Spade; Computer: Asso di Coppe. Vinci la partita. Invio: NEW GAME."},
+        {0, 0, 0, {10, 1, 2, false, 0, 0}, Lingua::inglese,
+         "Score sheet of a single hand. Player: Carte 10, Denari 1, Primiera no, Settebello no, Leste 0; 0 "
+         "points. Computer: Carte 30, Denari 9, Primiera yes, Settebello yes, Leste 0; 4 points. Totals: Player "
+         "0, Computer 4. Best cards of the primiera: Player: Seven of Denari, Girl of Spade; Computer: Ace of "
+         "Coppe. The computer wins the hand. Enter: NEW GAME."},
+        {0, 0, 0, {20, 5, 0, true, 0, 1}, Lingua::inglese,
+         "Score sheet of a single hand. Player: Carte 20, Denari 5, Primiera no, Settebello yes, Leste 0; 1 "
+         "point. Computer: Carte 20, Denari 5, Primiera no, Settebello no, Leste 1; 1 point. Totals: Player 1, "
+         "Computer 1. Best cards of the primiera: Player: Seven of Denari, Girl of Spade; Computer: Ace of "
+         "Coppe. The hand ends in a draw. Enter: NEW GAME."},
+    };
+    for (const Caso& c : casi) {
+        Foglio f(c.tipo, c.prima_g, c.prima_c);
+        // The player's best cards: the seven of coins and the girl of swords;
+        // the computer's: the Ace of cups alone.
+        f.mod.migliori[1] = {0, 1, nessuna_carta, nessuna_carta, 8};
+        f.mod.migliori[2] = {0, nessuna_carta, 3, nessuna_carta, nessuna_carta};
+        f.fine_mano(c.mano);
+        EXPECT_EQ(lettura_del_foglio(f.mod, c.lingua), c.atteso);
     }
 }
 

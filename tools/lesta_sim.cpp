@@ -48,7 +48,7 @@ class Simulatore final : public Osservatore, public Programma {
 public:
     Simulatore(std::uint32_t seme, int tipo, bool con_foglio)
         : casuale_(seme),
-          frm_(Piattaforma{finestra_, orologio_, casuale_, musica_, suono_, *this}, mod_, {}),
+          frm_(Piattaforma{finestra_, orologio_, casuale_, musica_, suono_, *this, cronista_}, mod_, {}),
           foglio_(foglio_finestra_, mod_),
           giocatore_(frm_, seme ^ 0x9E3779B9u),
           tipo_(tipo),
@@ -149,6 +149,7 @@ private:
     OrologioVirtuale orologio_;
     CasualeFisso casuale_;
     MediaMuto musica_, suono_;
+    CronistaMuto cronista_;
     ModLesta mod_;
     Frmlesta frm_;
     PunteggioSenzaSchermo foglio_finestra_;

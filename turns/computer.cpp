@@ -7,9 +7,11 @@
 
 #include <array>
 #include <cmath>
+#include <span>
 
 #include "match/frmlesta.h"
 #include "match/tavolo.h"
+#include "turns/frasi.h"
 #include "turns/passi.h"
 #include "turns/ritardo.h"
 
@@ -82,6 +84,11 @@ Task Frmlesta::gioco2() {
     // outlines are already on the table.
     porta_in_gioco(*this, dorso[slot].Left, dorso[slot].Top);
     dorso[slot].tag = 0;
+    // A capture is told as the card shows; a card laid, once it lies in its cell.
+    if (quante != 0)
+        racconta([this](Lingua l) {
+            return frasi::giocata(l, 2, carta_giocata, std::span(presa).subspan(1, static_cast<std::size_t>(quante)));
+        });
     co_await ritardo(pausa::carta_del_computer);
 }
 

@@ -8,6 +8,9 @@
 
 #include "match/frmlesta.h"
 #include "match/geometria.h"
+#include "match/tavolo.h"
+#include "table/vista.h"
+#include "turns/frasi.h"
 #include "turns/passi.h"
 
 namespace lesta {
@@ -53,6 +56,15 @@ void carta_del_tavolo(Frmlesta& f, float X, float Y) {
         f.finestra.Box(f.posx + 3, f.posy + 3, f.posx + f.larghezza_carta - 3, f.posy + f.altezza_carta - 3, rosso);
         scelta.tag = Tag::SEL;
     }
+    f.racconta([&f, c](Lingua l) {
+        int quante = 0, somma = 0;
+        per_ogni_carta(f.tavolo, [&](Carta segnata) {
+            if (f.carta[segnata].tag != Tag::SEL) return;
+            ++quante;
+            somma += valore(segnata);
+        });
+        return frasi::segno(l, c, f.carta[c].tag == Tag::SEL, quante, somma, f.carta_giocata, f.singola);
+    });
 }
 
 }  // namespace
@@ -84,6 +96,10 @@ void Frmlesta::Form_MouseDown(float X, float Y) {
 // slot or an empty cell shows the table colour at its middle and the key is
 // dropped; a key closes the help panels as a click does.
 void Frmlesta::Form_KeyDown(char tasto) {
+    if (tasto_di_lettura(tasto)) {
+        racconta([this, tasto](Lingua l) { return lettura(*this, tasto, l); });
+        return;
+    }
     if (const auto p = punto_del_tasto(tasto, larghezza_carta, altezza_carta, tavolox, tavoloy, meta_larghezza))
         Form_MouseDown(p->x, p->y);
 }

@@ -7,11 +7,14 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
+#include <span>
 #include <string>
 
 #include "match/frmlesta.h"
 #include "match/tavolo.h"
+#include "table/vista.h"
 #include "turns/fine_mano.h"
+#include "turns/frasi.h"
 #include "turns/passi.h"
 #include "turns/ritardo.h"
 
@@ -122,6 +125,10 @@ Task Frmlesta::gioco() {
         inizio_turno(*this, lato);
         ++turni;
         if (lato == 1) {
+            racconta([this](Lingua l) {
+                const VistaTavolo vista = vista_del_tavolo(*this);
+                return frasi::tocca_a_te(l, vista.mano, vista.celle);
+            });
             co_await gioco1();
             co_await verifica();
             co_await muovicarte();
@@ -156,7 +163,11 @@ Task Frmlesta::gioco() {
     quante = 0;
     for (int i = 0; i < resto.quante; ++i) metti_in_presa(*this, resto.carte[static_cast<std::size_t>(i)]);
     turno = resto.lato;
+    racconta([&resto](Lingua l) {
+        return frasi::resto(l, resto.lato, std::span(resto.carte).first(static_cast<std::size_t>(resto.quante)));
+    });
     if (resto.quante != 0) co_await muovicarte();
+    mano_in_corso = false;
 
     // Both piles for the score, and the primiera of each.
     const Pile pile = elenca_pile(prese);

@@ -13,6 +13,7 @@
 #include "match/geometria.h"
 #include "match/tavolo.h"
 #include "turns/fine_mano.h"
+#include "turns/frasi.h"
 #include "turns/passi.h"
 #include "turns/ritardo.h"
 
@@ -70,6 +71,7 @@ void dipingi_posata(Frmlesta& f) {
     posata.Top = alto_cella(f.riga, f.tavoloy, f.altezza_carta);
     f.finestra.PaintPicture(faccia(f.carta_giocata), posata.Left, posata.Top, f.larghezza_carta, f.altezza_carta);
     cancella_carta(f, f.posx, f.posy);
+    f.in_gioco = 0;
 }
 
 // Entry i of the capture list rises onto the stack above the played card,
@@ -93,6 +95,7 @@ void scende(Frmlesta& f, Carta cima, std::int32_t t) {
 // The stack turned over on the spot of the played card.
 void capovolgi(Frmlesta& f) {
     f.finestra.PaintPicture(Figura::Dorso, f.posx, f.posy + 2, f.larghezza_carta, f.altezza_carta);
+    f.in_gioco = 0;
 }
 
 // The stack carried to the pile of the side on turn, and the lamp beside
@@ -127,12 +130,16 @@ Task Frmlesta::muovicarte() {
         dipingi_posata(*this);
         tavolo[static_cast<std::size_t>(riga)][static_cast<std::size_t>(colonna)] = carta_giocata;
         carta[carta_giocata].tag = Tag::vuoto;
+        racconta([this](Lingua l) {
+            return frasi::posata(l, turno, carta_giocata, static_cast<int>(riga), static_cast<int>(colonna));
+        });
     } else {
         // A thirteenth card (nothing to take, and all twelve cells taken) has
         // no room on the table: it stays with the side that played it and
         // goes face down to that side's pile, as if it had taken itself. It
         // takes nothing from the table, so the last capture stays where it
         // was; and a full table cannot be swept.
+        if (quante == 0) racconta([this](Lingua l) { return frasi::tavolo_pieno(l, turno, carta_giocata); });
         if (quante != 0) {
             // A capture lists at most the twelve cells, and one card at least.
             assert(quante <= 12 &&
@@ -171,6 +178,8 @@ Task Frmlesta::muovicarte() {
     if (fa_lesta(vuote, posizione_mazzo, mosse)) {
         ++mod.leste[turno];
         segno_della_lesta(*this);
+        carte_leste[static_cast<std::size_t>(turno)][static_cast<std::size_t>(mod.leste[turno] - 1)] = carta_giocata;
+        racconta([this](Lingua l) { return frasi::lesta(l, turno); });
     }
 
     if (osservatore != nullptr) osservatore->mossa_eseguita(*this);

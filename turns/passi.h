@@ -39,6 +39,7 @@ inline void porta_in_gioco(Frmlesta& f, float x, float y) {
     f.posx = x;
     f.posy = y;
     cancella_carta(f, f.posx, f.posy);
+    f.in_gioco = f.carta_giocata;
     auto& giocata = f.carta[f.carta_giocata];
     giocata.Left = sinistra_in_gioco(f.meta_larghezza);
     giocata.Top = alto_in_gioco(f.meta_altezza, f.altezza_carta);

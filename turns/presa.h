@@ -43,6 +43,15 @@ struct PresaCercata {
     unsigned maschera = 0;
 };
 
+// Whether the cards the player marked (quante of them, their values adding
+// up to somma) are a capture the card in play may make: they add up to its
+// value, and when a card of equal value lies on the table (singola) they are
+// one card alone. Any marked set with the right sum passes, not only the one
+// the search would choose.
+constexpr bool selezione_valida(int somma, int quante, int valore_giocata, bool singola) {
+    return !(singola && quante > 1) && somma == valore_giocata;
+}
+
 // The search for a played card, by its number (a card of equal value has the
 // same number modulo 10) and its value (candidates are worth 1 up to it).
 PresaCercata cerca_presa(const Tavolo& tavolo, Carta carta_giocata, int valore_giocata);

@@ -4,7 +4,9 @@
 
 #include "match/frmlesta.h"
 #include "match/tavolo.h"
+#include "turns/frasi.h"
 #include "turns/passi.h"
+#include "turns/presa.h"
 #include "turns/ritardo.h"
 
 namespace lesta {
@@ -19,18 +21,17 @@ Task Frmlesta::verifica() {
         quante = 0;
         somma = 0;
     } else {
+        racconta([this](Lingua l) { return frasi::deve_prendere(l, carta_giocata, singola); });
         // One pass of the check: the marked cards in scan order become the
-        // capture list. They pass when their values add up to the played
-        // card's, and, when a card of equal value lies on the table, when
-        // they are that one card alone. Any selection with the right sum
-        // passes, not only the one the search would choose.
+        // capture list, and the turn goes on when they are a capture the card
+        // may make (turns/presa.h).
         //
         // The wait wakes after every event and runs one pass, so every click
         // is followed by a check of its own: no click can slip in between
         // gathering the marks and judging them. The list judged is always
         // the marks as they stand, so there is no recount, and no repaint
         // of the table for a count that changed during the wait.
-        auto selezione_valida = [this] {
+        auto prende = [this] {
             quante = 0;
             per_ogni_carta(tavolo, [this](Carta c) {
                 if (carta[c].tag == Tag::SEL) metti_in_presa(*this, c);
@@ -38,10 +39,12 @@ Task Frmlesta::verifica() {
             modo = Modo::selezione;
             somma = 0;
             for (int i = 1; i <= quante; ++i) somma = static_cast<std::int16_t>(somma + valore(presa[i]));
-            if (singola && quante > 1) return false;
-            return somma == valore_giocata;
+            return selezione_valida(somma, quante, valore_giocata, singola);
         };
-        co_await finche(piattaforma.orologio, selezione_valida);
+        co_await finche(piattaforma.orologio, prende);
+        racconta([this](Lingua l) {
+            return frasi::giocata(l, 1, carta_giocata, std::span(presa).subspan(1, static_cast<std::size_t>(quante)));
+        });
         // The selected cards keep their mark: the move clears them from the
         // table by it.
     }

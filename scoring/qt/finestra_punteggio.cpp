@@ -167,6 +167,13 @@ void FinestraPunteggioQt::Show() {
     activateWindow();
 }
 
+void FinestraPunteggioQt::leggi_il_foglio(const QString& lettura) {
+    QPushButton* avanti = bottoni_[1];
+    avanti->setAccessibleDescription(lettura);
+    avanti->setAutoDefault(true);  // Enter presses it while it holds the keyboard
+    avanti->setFocus(Qt::OtherFocusReason);
+}
+
 void FinestraPunteggioQt::closeEvent(QCloseEvent* evento) {
     evento->ignore();
     int Cancel = 0;

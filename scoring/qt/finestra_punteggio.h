@@ -45,6 +45,10 @@ public:
     bool minimizzata() const override;
 
     void Show() override;
+    // For a player who follows the game by ear: the sheet's first button
+    // takes the keyboard, so that Enter goes on, and the sheet's reading
+    // comes with it as its description.
+    void leggi_il_foglio(const QString& lettura);
     void Show_frmlesta() override { emit mostra_tavolo(); }
     void Unload_frmlesta() override { emit scarica_tavolo(); }
     void End() override { emit fine(); }

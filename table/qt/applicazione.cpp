@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include "scoring/lettura_foglio.h"
 #include "table/qt/cornice_fissa.h"
 #include "table/qt/superficie_qt.h"
 
@@ -16,10 +17,11 @@ namespace lesta {
 Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
     : tavolo_(immagini),
       foglio_(immagini, mod_),
-      frm_(Piattaforma{tavolo_, orologio_, casuale_, musica_, suono_, *this}, mod_, std::move(cartella)) {
+      frm_(Piattaforma{tavolo_, orologio_, casuale_, musica_, suono_, *this, cronista_}, mod_, std::move(cartella)) {
     // The program folder's settings file, or the player's own when the game
     // is installed where the player may not write.
     frm_.posto_impostazioni = trova_posto_impostazioni(frm_.cartella);
+    cronista_.leggi(frm_);
     orologio_.al_timer2 = [this] { frm_.Timer2_Timer(); };
 
     connect(&tavolo_, &FinestraTavoloQt::go, this, [this] { evento([this] { frm_.GO_Click(); }); });
@@ -114,7 +116,11 @@ void Applicazione::attiva() {
 }
 
 // The table has finished a hand: the sheet comes up and fills itself, once.
-void Applicazione::Show_frmscore() { foglio_.frm().Show(); }
+void Applicazione::Show_frmscore() {
+    foglio_.frm().Show();
+    if (cronista_.in_ascolto())
+        foglio_.leggi_il_foglio(QString::fromStdString(lettura_del_foglio(mod_, cronista_.lingua())));
+}
 
 void Applicazione::End() {
     if (finito_) return;

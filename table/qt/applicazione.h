@@ -12,6 +12,7 @@
 #include "match/stato.h"
 #include "scoring/qt/finestra_punteggio.h"
 #include "sound/sdl/media_sdl.h"
+#include "table/qt/cronista_qt.h"
 #include "table/qt/finestra_tavolo.h"
 #include "table/qt/orologio_qt.h"
 
@@ -61,6 +62,8 @@ private:
     MediaSdl suono_{TipoDispositivo::WaveAudio};
     FinestraTavoloQt tavolo_;
     FinestraPunteggioQt foglio_;
+    // A screen reader is told of the game, when one listens.
+    CronistaQt cronista_{tavolo_.superficie(), [this](char t) { evento([this, t] { frm_.Form_KeyDown(t); }); }};
     Frmlesta frm_;
     bool finito_ = false;
     Task attivazione_;  // the hand under way; destroyed first, before what it uses

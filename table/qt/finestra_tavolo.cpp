@@ -20,10 +20,12 @@
 #include <cmath>
 
 #include "table/qt/controllo_figura.h"
+#include "table/qt/cronista_qt.h"
 #include "table/qt/immagini.h"
 #include "table/qt/nome_tasto.h"
 #include "table/qt/superficie_qt.h"
 #include "table/testi_aiuto.h"
+#include "turns/frasi.h"
 
 namespace lesta {
 
@@ -170,6 +172,14 @@ void FinestraTavoloQt::crea_controlli() {
     // The first match is a single hand unless the player picks another.
     opzioni_->button(0)->setChecked(true);
     connect(opzioni_, &QButtonGroup::idClicked, this, &FinestraTavoloQt::opzione);
+    // GO says which match it starts, for a player who follows the game by ear.
+    auto scelta_su_go = [this] {
+        const QAbstractButton* scelta = opzioni_->checkedButton();
+        if (scelta == nullptr) return;  // between one choice and the next
+        const std::string testo = frasi::partita_scelta(lingua_del_desktop(), scelta->text().toStdString());
+        widget(Controllo::GO)->setAccessibleDescription(QString::fromStdString(testo));
+    };
+    connect(opzioni_, &QButtonGroup::idToggled, this, scelta_su_go);
     auto* go = new QPushButton(QStringLiteral("GO"), superficie_);
     go->setAutoDefault(true);  // Enter presses it while it has the keyboard
     go->setFont(in_punti(go, 8));
@@ -178,11 +188,21 @@ void FinestraTavoloQt::crea_controlli() {
                           .arg(css(0x80FF80)));
     connect(go, &QPushButton::clicked, this, &FinestraTavoloQt::go);
     metti(Controllo::GO, go);
+    scelta_su_go();
 
     metti(Controllo::CmdSong, bottone_canzone(superficie_));
     const std::pair<Controllo, std::string_view> pannelli[] = {
         {Controllo::Text2, testo_inglese}, {Controllo::Text3, testo_italiano}, {Controllo::Text4, testo_informazioni}};
     for (auto [pannello, contenuto] : pannelli) metti(pannello, pannello_aiuto(pannello, contenuto, superficie_));
+
+    // Each named for a player who follows the game by ear.
+    const Lingua lingua = lingua_del_desktop();
+    for (int i = 0; i < numero_controlli; ++i) {
+        const auto c = static_cast<Controllo>(i);
+        const std::string_view nome = nome_controllo(c, lingua);
+        if (widget(c) != nullptr && !nome.empty())
+            widget(c)->setAccessibleName(QString::fromUtf8(nome.data(), static_cast<qsizetype>(nome.size())));
+    }
 }
 
 void FinestraTavoloQt::crea_menu() {
@@ -289,9 +309,10 @@ QAction* FinestraTavoloQt::voce_canzone(int indice) const {
 
 void FinestraTavoloQt::caption(Controllo c, std::string_view testo) {
     const QString t = QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
-    if (c == Controllo::CmdSong)
+    if (c == Controllo::CmdSong) {
         widget(c)->findChild<QLabel*>(QStringLiteral("titolo"))->setText(t);
-    else if (auto* bottone = qobject_cast<QAbstractButton*>(widget(c)))
+        widget(c)->setAccessibleName(t);  // the button's words are its label's
+    } else if (auto* bottone = qobject_cast<QAbstractButton*>(widget(c)))
         bottone->setText(t);
 }
 

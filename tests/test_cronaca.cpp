@@ -15,6 +15,7 @@
 #include "headless/giocatore_casuale.h"
 #include "match/geometria.h"
 #include "match/nomi_carte.h"
+#include "racconto_atteso.h"
 #include "table/vista.h"
 #include "turns/frasi.h"
 
@@ -121,13 +122,14 @@ TEST(Frasi, LaPartitaEAChiTocca) {
 // Plays a whole hand of a match by keys, as a player by ear would, on the
 // raster: a witness writes down what happens, and at every wait of the game
 // what the table shows, as the game names it, is held against the raster.
-class ManoAscoltata final : public Osservatore {
+class ManoAscoltata {
 public:
-    ManoAscoltata(Lingua l, std::uint32_t seme) : b(seme, 0.75f), f(b.frm), righe(b.cronista.righe), l_(l) {
+    ManoAscoltata(Lingua l, std::uint32_t seme)
+        : b(seme, 0.75f), f(b.frm), righe(b.cronista.righe), racconto(l == Lingua::italiano), l_(l) {
         b.cronista.ascolta = true;
         b.cronista.lingua_ = l;
         b.cronista.guarda = [this](const std::string& riga) { nulla_di_nascosto(riga); };
-        f.osservatore = this;
+        f.osservatore = &racconto;
         b.mod.command1 = "CONTINUE";
         b.mod.tipo_partita = 1;
         b.orologio.ingresso = [this] { return ingresso(); };
@@ -143,69 +145,13 @@ public:
         ASSERT_TRUE(mano.done());
     }
 
-    // The lines hold, in order, every item the witness expects: each item is
-    // a line that holds all of its parts.
-    void attese_in_ordine() const {
-        std::size_t i = 0;
-        for (const auto& riga : righe) {
-            if (i < attese.size() && std::all_of(attese[i].begin(), attese[i].end(),
-                                                 [&](const std::string& p) { return contiene(riga, p); }))
-                ++i;
-        }
-        ASSERT_EQ(i, attese.size()) << "not told, or told out of order: " << attese[i].front();
-    }
-
-    void mossa_eseguita(const Frmlesta&) override {
-        ++mosse;
-        if (f.posizione_mazzo != mazzo_visto) {  // a deal came before this move
-            mazzo_visto = f.posizione_mazzo;
-            const int p = f.posizione_mazzo;
-            attese.push_back({in("Deal ", "Distribuzione ") + std::to_string((p - 4) / 3) + in(" of 6", " di 6"),
-                              nome(b.mod.mazzo[p - 2]), nome(b.mod.mazzo[p - 1]), nome(b.mod.mazzo[p])});
-        }
-        std::vector<std::string> prese;
-        for (int i = 1; i <= f.quante; ++i)
-            if (f.presa[i] != 0) prese.push_back(nome(f.presa[i]));
-        if (mosse == 37) {  // the gathering of what is left
-            prese.insert(prese.begin(), in("goes to ", "va a"));
-            attese.push_back(prese);
-            return;
-        }
-        // A capture names the card played and every card taken; a card laid,
-        // the cell it lies in.
-        const bool prende = !prese.empty();
-        prese.insert(prese.begin(), (f.turno == 1 ? (prende ? in("You play ", "Giochi ") : in("You lay ", "Metti "))
-                                                  : (prende ? in("The computer plays ", "Il computer gioca ")
-                                                            : in("The computer lays ", "Il computer mette "))) +
-                                        la_carta(f.carta_giocata, l_));
-        bool in_tavola = false;
-        for (int r = 1; r <= 3; ++r)
-            for (int k = 1; k <= 4; ++k)
-                if (f.tavolo[r][k] == f.carta_giocata) {
-                    prese.push_back(std::string(" ") + frasi::tasto_cella(r, k) + ".");
-                    in_tavola = true;
-                }
-        if (!prende && !in_tavola)  // all twelve cells taken: to the side's own pile
-            prese = {la_carta(f.carta_giocata, l_),
-                     f.turno == 1 ? in("your pile", "tuo mazzetto") : in("computer's pile", "mazzetto del computer")};
-        attese.push_back(prese);
-        if (b.mod.leste[f.turno] != leste[f.turno]) {
-            leste[f.turno] = b.mod.leste[f.turno];
-            attese.push_back({"Lesta!"});
-            ++leste_dette;
-        }
-    }
-
     Banco<FinestraRaster> b;
     Frmlesta& f;
     const std::vector<std::string>& righe;  // every line told
-    std::vector<std::vector<std::string>> attese;
-    int mosse = 0, letture = 0, leste_dette = 0, attese_confrontate = 0;
+    prova::RaccontoAtteso racconto;
+    int letture = 0, attese_confrontate = 0;
 
 private:
-    std::string in(const char* inglese, const char* italiano) const {
-        return l_ == Lingua::italiano ? italiano : inglese;
-    }
     std::string nome(Carta c) const { return nome_carta(c, l_); }
 
     // A line names no card the table does not show: none of the computer's
@@ -272,8 +218,8 @@ private:
     // hand and the table it reads must be what the raster shows.
     bool ingresso() {
         confronta_col_dipinto();
-        if (f.modo == Modo::gioco1 && f.carta_giocata == 0 && letture < mosse) {
-            letture = mosse + 1;
+        if (f.modo == Modo::gioco1 && f.carta_giocata == 0 && letture < racconto.mosse) {
+            letture = racconto.mosse + 1;
             leggi_e_confronta();
             return true;
         }
@@ -309,8 +255,6 @@ private:
 
     Lingua l_;
     GiocatoreCasuale giocatore{f, 2026, {}, [this](char t) { f.Form_KeyDown(t); }};
-    int mazzo_visto = 4;
-    std::array<int, 3> leste{};
 };
 
 TEST(Cronaca, OgniManoRaccontataComeAvvieneSenzaDireLeCarteNascoste) {
@@ -322,12 +266,12 @@ TEST(Cronaca, OgniManoRaccontataComeAvvieneSenzaDireLeCarteNascoste) {
         mano.b.mod.mazziere = static_cast<std::uint8_t>(1 + seme % 2);
         mano.gioca();
         // 36 moves, and the gathering of what is left when anything is.
-        ASSERT_GE(mano.mosse, 36);
-        mano.attese_in_ordine();
+        ASSERT_GE(mano.racconto.mosse, 36);
+        EXPECT_TRUE(mano.racconto.sentito_in(mano.righe));
         EXPECT_GT(mano.attese_confrontate, 100);
         EXPECT_TRUE(contiene(mano.righe.front(), l == Lingua::inglese ? "Hand 1 of a match to 11 points"
                                                                       : "Mano 1 di una partita a 11 punti"));
-        leste += mano.leste_dette;
+        leste += mano.racconto.leste;
     }
     EXPECT_GT(leste, 0) << "no hand had a lesta: the seeds say nothing of how one is told";
 }

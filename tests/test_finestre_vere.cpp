@@ -16,6 +16,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QLabel>
@@ -27,9 +28,12 @@
 #include <QTest>
 #include <cmath>
 #include <fstream>
+#include <functional>
+#include <vector>
 
 #include "banco.h"
 #include "headless/giocatore_casuale.h"
+#include "racconto_atteso.h"
 #include "table/qt/applicazione.h"
 #include "table/qt/immagini.h"
 #include "table/qt/superficie_qt.h"
@@ -170,6 +174,9 @@ public:
         tastiera_.testi.clear();
     }
 
+    // Called at each wait of the game for the player, before the player acts.
+    std::function<void()> ad_ogni_attesa;
+
     // Plays the hand under way until the sheet comes up; false if the game
     // stops waiting for anything, or if the player's clicks or keys seem to
     // do nothing (a hand takes the player well under 200).
@@ -185,6 +192,7 @@ public:
             if (!QTest::qWaitFor([&] { return foglio_pronto() || tocca_al_giocatore(); }, attesa_massima_ms))
                 return false;
             if (foglio_pronto()) return true;
+            if (ad_ogni_attesa) ad_ogni_attesa();
             if (!giocatore_.clic()) return false;
         }
         return false;
@@ -485,6 +493,75 @@ TEST(FinestreVere, EnterStartsTheMatchAfterAClickOnAChoiceOrOnThePanelsAndTheTab
         EXPECT_TRUE(QTest::qWaitFor([&] { return !p.widget(Controllo::GO)->isVisible(); }, 5000));
         EXPECT_EQ(p.lesta().gioco().mod.tipo_partita, caso.tipo);
     }
+}
+
+// What the game hands to a screen reader: the kind of event, and the role
+// and name of the object it is about.
+struct Sentito {
+    QAccessible::Event tipo;
+    QAccessible::Role ruolo;
+    QString nome;
+};
+
+// A single hand played by keys with the game told as to a screen reader: the
+// notifications it shows name every card of both sides as it is played and
+// taken, each deal and each lesta, in the order they happen; at each of the
+// player's turns the table's objects name the hand and the table as they
+// stand; and the sheet comes with its first button holding the keyboard,
+// its reading telling the hand's points as the sheet shows them.
+TEST(FinestreVere, AHandPlayedByEarIsToldAsItHappensAndTheTableNamesWhatItShows) {
+    PartitaVera p(47, PartitaVera::tastiera);
+    p.avvia();
+    std::vector<Sentito> sentiti;
+    p.lesta().cronista().ascolta_senza_lettore([&sentiti](QAccessibleEvent& e) {
+        if (QAccessibleInterface* oggetto = e.accessibleInterface())
+            sentiti.push_back({e.type(), oggetto->role(), oggetto->text(QAccessible::Name)});
+    });
+    p.lesta().gioco().velocita = 255;
+    p.scegli(0);
+    prova::RaccontoAtteso racconto(false, &p.testimone());
+    const Frmlesta& f = p.lesta().gioco();
+    p.lesta().gioco().osservatore = &racconto;
+
+    int turni = 0;
+    p.ad_ogni_attesa = [&] {
+        ++turni;
+        QAccessibleInterface* tavolo = QAccessible::queryAccessibleInterface(&p.lesta().tavolo().superficie());
+        ASSERT_NE(tavolo, nullptr);
+        for (int k = 1; k <= 3; ++k) {
+            const bool in_mano = f.giocate[k] == 0;
+            const std::string atteso =
+                std::to_string(k) + ": " + (in_mano ? racconto.nome(f.mod.mazzo[f.posizione_mazzo - 3 + k]) : "empty");
+            EXPECT_EQ(tavolo->child(k - 1)->text(QAccessible::Name).toStdString(), atteso);
+        }
+        for (int cella = 0; cella < 12; ++cella) {
+            const Carta c = f.tavolo[cella / 4 + 1][cella % 4 + 1];
+            std::string atteso = std::string(1, tasti_celle[static_cast<std::size_t>(cella)]) + ": " +
+                                 (c != 0 ? racconto.nome(c) : "empty");
+            if (c != 0 && f.carta[c].tag == Tag::SEL) atteso += ", marked";
+            EXPECT_EQ(tavolo->child(3 + cella)->text(QAccessible::Name).toStdString(), atteso);
+        }
+    };
+    ASSERT_TRUE(p.gioca_mano());
+    EXPECT_GT(turni, 18);
+
+    std::vector<std::string> notifiche;
+    for (const Sentito& s : sentiti)
+        if (s.tipo == QAccessible::ObjectShow && s.ruolo == QAccessible::Notification)
+            notifiche.push_back(s.nome.toStdString());
+    EXPECT_TRUE(racconto.sentito_in(notifiche));
+    EXPECT_EQ(racconto.mosse, p.testimone().mosse);
+
+    const auto punti = controlla_riga(p, 0);
+    QPushButton* avanti = p.foglio().bottone(1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return avanti->hasFocus(); }, 5000));
+    const QString lettura = avanti->accessibleDescription();
+    for (int lato = 1; lato <= 2; ++lato) {
+        const QString riga = QStringLiteral("Leste %1; %2 point").arg(p.testimone().leste[lato]).arg(punti[lato]);
+        EXPECT_TRUE(lettura.contains(riga)) << lettura.toStdString() << " has no " << riga.toStdString();
+    }
+    QTest::keyClick(avanti, Qt::Key_Return);  // Enter goes on
+    EXPECT_TRUE(QTest::qWaitFor([&] { return p.widget(Controllo::GO)->isVisible(); }, 10'000));
 }
 
 TEST(FinestreVere, AMatchTo11GoesOnUntilASideHasWonAndThenStartsAgain) {

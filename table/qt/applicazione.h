@@ -38,6 +38,7 @@ public:
     Frmlesta& gioco() { return frm_; }
     FinestraTavoloQt& tavolo() { return tavolo_; }
     FinestraPunteggioQt& foglio() { return foglio_; }
+    CronistaQt& cronista() { return cronista_; }
     bool finito() const { return finito_; }
 
 protected:

@@ -43,7 +43,14 @@ CronistaQt::~CronistaQt() {
     superficie_.setProperty(proprieta_fonte, QVariant());
 }
 
-bool CronistaQt::in_ascolto() const { return QAccessible::isActive(); }
+bool CronistaQt::in_ascolto() const { return consegna_ || QAccessible::isActive(); }
+
+void CronistaQt::consegna(QAccessibleEvent& evento) {
+    if (consegna_)
+        consegna_(evento);
+    else
+        QAccessible::updateAccessibility(&evento);
+}
 
 void CronistaQt::racconta(std::string riga) {
     // The first line of a burst sends the notification once the game waits
@@ -60,7 +67,7 @@ void CronistaQt::annuncia() {
 
     fonte_.annunci[static_cast<std::size_t>(prossimo_)] = testo;
     QAccessibleEvent mostrato(tavolo->child(figlio_annuncio(prossimo_)), QAccessible::ObjectShow);
-    QAccessible::updateAccessibility(&mostrato);
+    consegna(mostrato);
     prossimo_ = (prossimo_ + 1) % static_cast<int>(fonte_.annunci.size());
 
     if (nomi_.size() != numero_posti) nomi_ = QStringList(numero_posti, QString());
@@ -69,7 +76,7 @@ void CronistaQt::annuncia() {
         if (nome == nomi_[posto]) continue;
         nomi_[posto] = nome;
         QAccessibleEvent cambiato(tavolo->child(posto), QAccessible::NameChanged);
-        QAccessible::updateAccessibility(&cambiato);
+        consegna(cambiato);
     }
 }
 

@@ -8,6 +8,7 @@
 // game between them, go as one notification. When no assistive technology
 // listens, nothing of this is made or done.
 
+#include <QAccessible>
 #include <QObject>
 #include <QStringList>
 
@@ -36,17 +37,23 @@ public:
     void racconta(std::string riga) override;
 
     const FonteTavolo& fonte() const { return fonte_; }
+    // For a test on a screen with no accessibility of its own (where Qt
+    // hands no event on): everything is told as if a screen reader listened,
+    // and each event goes to `consegna` instead of to Qt.
+    void ascolta_senza_lettore(std::function<void(QAccessibleEvent&)> consegna) { consegna_ = std::move(consegna); }
 
 private:
     // The lines told since the last notification go out as one, and every
     // place whose name has changed is told so.
     void annuncia();
+    void consegna(QAccessibleEvent& evento);
 
     SuperficieQt& superficie_;
     FonteTavolo fonte_;
-    QStringList in_attesa_;  // lines told and not yet shown
-    int prossimo_ = 0;       // the notification that shows next
-    QStringList nomi_;       // each place's name when last told
+    QStringList in_attesa_;                            // lines told and not yet shown
+    int prossimo_ = 0;                                 // the notification that shows next
+    QStringList nomi_;                                 // each place's name when last told
+    std::function<void(QAccessibleEvent&)> consegna_;  // the test's, if any
 };
 
 }  // namespace lesta

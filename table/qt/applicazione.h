@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <filesystem>
+#include <memory>
 
 #include "match/casuale_sistema.h"
 #include "match/frmlesta.h"
@@ -23,6 +24,7 @@ class Applicazione final : public QObject, public Programma {
     Q_OBJECT
 public:
     Applicazione(Immagini& immagini, std::filesystem::path cartella);
+    ~Applicazione() override;
 
     // Loads the game and shows the table maximised; the first activation
     // follows the first show.
@@ -36,11 +38,12 @@ public:
 
     Frmlesta& gioco() { return frm_; }
     FinestraTavoloQt& tavolo() { return tavolo_; }
-    FinestraPunteggioQt& foglio() { return foglio_; }
+    // The score sheet, built by the first call.
+    FinestraPunteggioQt& foglio();
     bool finito() const { return finito_; }
 
 protected:
-    // Clicks on the help panels and on the turn lights.
+    // The table's first paint.
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 private:
@@ -53,6 +56,7 @@ private:
         orologio_.sveglia();
     }
 
+    Immagini& immagini_;
     ModLesta mod_;
     OrologioQt orologio_;
     CasualeSistema casuale_;
@@ -60,7 +64,7 @@ private:
     MediaSdl musica_{TipoDispositivo::Sequencer, [this] { evento([this] { frm_.MMC1_Done(1); }); }};
     MediaSdl suono_{TipoDispositivo::WaveAudio};
     FinestraTavoloQt tavolo_;
-    FinestraPunteggioQt foglio_;
+    std::unique_ptr<FinestraPunteggioQt> foglio_;
     Frmlesta frm_;
     bool finito_ = false;
     Task attivazione_;  // the hand under way; destroyed first, before what it uses

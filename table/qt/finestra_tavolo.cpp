@@ -130,27 +130,36 @@ FinestraTavoloQt::FinestraTavoloQt(Immagini& immagini) : immagini_(immagini) {
     resize(1018, 773 + menuBar()->sizeHint().height());
     connect(superficie_, &SuperficieQt::ridimensionata, this, &FinestraTavoloQt::posiziona_tutti);
 
-    crea_controlli();
+    // The title fills its box; it is the one control of the first frames.
+    auto* titolo = new ControlloFigura(immagini_, Figura::Titolo, superficie_);
+    titolo->hide();
+    widget_[static_cast<std::size_t>(Controllo::testo)] = titolo;
     crea_menu();
 }
 
-// Every control that ever shows, hidden until the game shows it. The song
+// The other controls are built when the game first shows one or names one,
+// or by completa(): the window comes up without them, as none shows in its
+// first frames. Each is built hidden, at the place the game and the window's
+// size have given it meanwhile, with the caption it was given. The song
 // frame's holder has none: the frame is painted on the table.
 void FinestraTavoloQt::crea_controlli() {
+    if (widget_[static_cast<std::size_t>(Controllo::Led)] != nullptr) return;
     auto metti = [this](Controllo c, QWidget* w) {
         w->hide();
         widget_[static_cast<std::size_t>(c)] = w;
+        posiziona(c);
     };
 
     // The lamp and the turn lights show at their own size, 13 and 32 pixels
-    // square, as pictures in a picture box do; the title fills its box.
-    metti(Controllo::testo, new ControlloFigura(immagini_, Figura::Titolo, superficie_));
+    // square, as pictures in a picture box do.
     auto* led = new ControlloFigura(immagini_, Figura::Led, superficie_, QSize(13, 13));
     led->setAttribute(Qt::WA_TransparentForMouseEvents);
     metti(Controllo::Led, led);
     for (int i = 0; i < 2; ++i) {
         metti(Verde(i), new ControlloFigura(immagini_, Figura::Verde, superficie_, QSize(32, 32)));
         metti(Rosso(i), new ControlloFigura(immagini_, Figura::Rosso, superficie_, QSize(32, 32)));
+        widget_[static_cast<std::size_t>(Verde(i))]->installEventFilter(this);
+        widget_[static_cast<std::size_t>(Rosso(i))]->installEventFilter(this);
     }
 
     auto* cornice = new Cornice(superficie_);
@@ -175,10 +184,58 @@ void FinestraTavoloQt::crea_controlli() {
     connect(go, &QPushButton::clicked, this, &FinestraTavoloQt::go);
     metti(Controllo::GO, go);
 
-    metti(Controllo::CmdSong, bottone_canzone(superficie_));
+    QPushButton* canzone = bottone_canzone(superficie_);
+    canzone->findChild<QLabel*>(QStringLiteral("titolo"))->setText(titolo_canzone_);
+    metti(Controllo::CmdSong, canzone);
+}
+
+// The help panels, the dearest controls to build (their texts are laid out
+// line by line), come later still: none shows before the player asks. Built
+// after the others, they stand above them.
+void FinestraTavoloQt::crea_pannelli() {
+    if (widget_[static_cast<std::size_t>(Controllo::Text2)] != nullptr) return;
+    crea_controlli();
     const std::pair<Controllo, std::string_view> pannelli[] = {
         {Controllo::Text2, testo_inglese}, {Controllo::Text3, testo_italiano}, {Controllo::Text4, testo_informazioni}};
-    for (auto [pannello, contenuto] : pannelli) metti(pannello, pannello_aiuto(pannello, contenuto, superficie_));
+    for (auto [pannello, contenuto] : pannelli) {
+        QPlainTextEdit* testo = pannello_aiuto(pannello, contenuto, superficie_);
+        testo->hide();
+        widget_[static_cast<std::size_t>(pannello)] = testo;
+        posiziona(pannello);
+        if (pannello != Controllo::Text2) testo->viewport()->installEventFilter(this);
+    }
+}
+
+void FinestraTavoloQt::completa() { crea_pannelli(); }
+
+QWidget* FinestraTavoloQt::widget(Controllo c) {
+    QWidget*& w = widget_[static_cast<std::size_t>(c)];
+    if (w == nullptr && pannello(c)) crea_pannelli();
+    if (w == nullptr) crea_controlli();
+    return w;
+}
+
+// A click on the Italian rules, on the information or on a turn light is not
+// a click on the table: it goes to the game as the control's own, and no
+// further.
+bool FinestraTavoloQt::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (evento->type() != QEvent::MouseButtonPress) return false;
+    for (Controllo c : {Controllo::Text3, Controllo::Text4}) {
+        auto* testo = static_cast<QPlainTextEdit*>(widget_[static_cast<std::size_t>(c)]);
+        if (testo != nullptr && oggetto == testo->viewport()) {
+            emit cliccato(c);
+            return true;
+        }
+    }
+    for (int i = 0; i < 2; ++i) {
+        for (Controllo c : {Verde(i), Rosso(i)}) {
+            if (oggetto == widget_[static_cast<std::size_t>(c)]) {
+                emit cliccato(c);
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 void FinestraTavoloQt::crea_menu() {
@@ -215,7 +272,10 @@ void FinestraTavoloQt::crea_menu() {
 // ---- the controls ----
 void FinestraTavoloQt::controllo_cambiato(Controllo c, const Rett& r, bool visibile, bool in_primo_piano) {
     rett_[static_cast<std::size_t>(c)] = r;
-    QWidget* w = widget(c);
+    // A control not yet built keeps its place for when it is, and is built
+    // to be shown. (What is brought to the front is shown, so nothing is lost
+    // of the order of the controls while they are hidden.)
+    QWidget* w = visibile ? widget(c) : widget_[static_cast<std::size_t>(c)];
     if (w == nullptr) return;
     posiziona(c);
     // A control that goes holds the keyboard no more: the table takes it, so
@@ -233,7 +293,7 @@ void FinestraTavoloQt::controllo_cambiato(Controllo c, const Rett& r, bool visib
 }
 
 void FinestraTavoloQt::posiziona(Controllo c) {
-    QWidget* w = widget(c);
+    QWidget* w = widget_[static_cast<std::size_t>(c)];
     if (w == nullptr) return;
     w->setGeometry(superficie_->in_pixel(rett_[static_cast<std::size_t>(c)]));
     if (auto* testo = qobject_cast<QPlainTextEdit*>(w)) {
@@ -286,9 +346,12 @@ QAction* FinestraTavoloQt::voce_canzone(int indice) const {
 
 void FinestraTavoloQt::caption(Controllo c, std::string_view testo) {
     const QString t = QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
+    if (c == Controllo::CmdSong) titolo_canzone_ = t;  // for the button, if it is not built yet
+    QWidget* w = widget_[static_cast<std::size_t>(c)];
+    if (w == nullptr) return;
     if (c == Controllo::CmdSong)
-        widget(c)->findChild<QLabel*>(QStringLiteral("titolo"))->setText(t);
-    else if (auto* bottone = qobject_cast<QAbstractButton*>(widget(c)))
+        w->findChild<QLabel*>(QStringLiteral("titolo"))->setText(t);
+    else if (auto* bottone = qobject_cast<QAbstractButton*>(w))
         bottone->setText(t);
 }
 
@@ -337,8 +400,10 @@ void FinestraTavoloQt::keyPressEvent(QKeyEvent* evento) {
 
 bool FinestraTavoloQt::pannello_con_tastiera() const {
     const QWidget* attivo = focusWidget();
-    for (Controllo c : {Controllo::Text2, Controllo::Text3, Controllo::Text4})
-        if (attivo != nullptr && (attivo == widget(c) || widget(c)->isAncestorOf(attivo))) return true;
+    for (Controllo c : {Controllo::Text2, Controllo::Text3, Controllo::Text4}) {
+        const QWidget* w = widget_[static_cast<std::size_t>(c)];
+        if (attivo != nullptr && w != nullptr && (attivo == w || w->isAncestorOf(attivo))) return true;
+    }
     return false;
 }
 

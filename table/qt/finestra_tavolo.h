@@ -5,6 +5,7 @@
 // the game tells it and passes every event on to the game; it decides nothing.
 
 #include <QMainWindow>
+#include <QString>
 #include <array>
 #include <vector>
 
@@ -32,7 +33,11 @@ public:
     int larghezza_pixel() const override;
 
     SuperficieQt& superficie() const override { return *superficie_; }
-    QWidget* widget(Controllo c) const { return widget_[static_cast<std::size_t>(c)]; }
+    // The control's widget, built by the first call if it is not yet.
+    QWidget* widget(Controllo c);
+    // Builds the controls the table may still lack. Called once the table is
+    // on screen.
+    void completa();
     QAction* voce_velocita(int indice) const { return velocita_[static_cast<std::size_t>(indice)]; }
     QAction* voce_esci() const { return esci_; }
     QAction* voce_canzone(int indice) const;
@@ -54,15 +59,22 @@ signals:
     void tasto(char carattere);
     void chiusa();       // the window's own close control
     void prima_volta();  // the window is on screen for the first time
+    // A click on the Italian rules, the information or a turn light.
+    void cliccato(Controllo c);
 
 protected:
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
     void closeEvent(QCloseEvent* evento) override;
     void showEvent(QShowEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
 
 private:
     void crea_controlli();
+    void crea_pannelli();
     void crea_menu();
+    static bool pannello(Controllo c) {
+        return c == Controllo::Text2 || c == Controllo::Text3 || c == Controllo::Text4;
+    }
     void posiziona(Controllo c);
     void posiziona_tutti();
     // Whether a help panel holds the keyboard.
@@ -82,6 +94,7 @@ private:
     QAction* info_ = nullptr;
     QAction* esci_ = nullptr;
     QButtonGroup* opzioni_ = nullptr;
+    QString titolo_canzone_;  // the song's title
     bool mostrata_ = false;
 };
 

@@ -4,7 +4,8 @@
 #               suite (with a whole match under valgrind and the real windows
 #               played by mouse), the suite again under the sanitizers, and
 #               the fuzz targets for a bounded time
-# make bench    measures start-up, CPU and memory while waiting, and the engine
+# make bench    measures start-up (beside a bare Qt window), CPU and memory
+#               while waiting, and the engine
 # make package  builds the Debian package, lesta_<version>_<arch>.deb in build-pkg/,
 #               and checks it with lintian and its AppStream data with appstreamcli
 
@@ -51,8 +52,9 @@ test-fuzz: deps
 
 # A Release build, then the figures of scripts/misura.
 bench: deps
+	@scripts/installa-pacchetti jwm
 	cmake -S . -B $(BUILD_REL) -G Ninja -DCMAKE_BUILD_TYPE=Release
-	cmake --build $(BUILD_REL) -j $(JOBS) --target lesta lesta-sim lesta-misure
+	cmake --build $(BUILD_REL) -j $(JOBS) --target lesta lesta-sim lesta-misure lesta-avvio lesta-finestra-nuda
 	scripts/misura $(BUILD_REL)
 
 # A Release build of the game alone with Debian's flags, then CPack. The

@@ -21,6 +21,7 @@
 #include <set>
 
 #include "banco.h"
+#include "scoring/qt/finestra_punteggio.h"
 #include "table/qt/applicazione.h"
 #include "table/qt/finestra_tavolo.h"
 #include "table/qt/immagini.h"
@@ -86,6 +87,29 @@ TEST(SuperficieQt, PointReadsWhatWasPaintedCardCornersAreTable) {
     const int riga = static_cast<int>(std::floor((y + h / 2) * 720 / 600.0));
     for (int px = sinistra - 1; px <= destra + 1; ++px)
         EXPECT_EQ(colore_word(im.pixel(px, riga)) == rosso, px == sinistra || px == destra) << px;
+}
+
+// A surface nothing was painted on yet shows its back colour everywhere, at
+// whatever size, and the first thing painted lies on that colour.
+TEST(SuperficieQt, UntilSomethingIsPaintedTheSurfaceShowsItsBackColour) {
+    SuperficieQt s(immagini());
+    misura(s, QSize(640, 480));
+    s.BackColor(rosso);
+    s.Cls();
+    s.BackColor(verde_tavolo);
+    misura(s, QSize(1018, 720));
+    const auto tutta_verde = [&s](const QImage& im) {
+        for (int y = 0; y < s.area().height(); y += 7)
+            for (int x = 0; x < s.area().width(); x += 7)
+                if (colore_word(im.pixel(x, y)) != verde_tavolo) return false;
+        return true;
+    };
+    EXPECT_TRUE(tutta_verde(s.grab().toImage()));
+    EXPECT_EQ(s.Point(400, 300), verde_tavolo);
+    s.Box(100, 100, 200, 200, rosso);
+    EXPECT_EQ(s.Point(100, 100), rosso);
+    s.BoxFilled(100, 100, 200, 200, verde_tavolo);
+    EXPECT_TRUE(tutta_verde(s.grab().toImage()));
 }
 
 // Shrinking the window and growing it back leaves every pixel as it was.
@@ -437,14 +461,40 @@ TEST(Applicazione, QuitAndTheCloseControlEndTheEventLoop) {
     }
 }
 
-// Loading the sound and opening the device wait for the table's first
-// paint: the card sound's "Open" (with Wait) does not hold up the start.
-TEST(Applicazione, TheSoundIsTakenOnlyOnceTheTableIsPainted) {
+// What the first frames do not show waits for the table's first paint, so
+// that the table comes up as fast as a bare window: loading the sound and
+// opening the device (the card sound's "Open", with Wait, does not hold up
+// the start), the score sheet, the controls but the title, and the help
+// panels. A panel asked for sooner is built at once, and a click on it
+// reaches the game.
+TEST(Applicazione, WhatTheFirstFrameDoesNotShowWaitsForTheTablesFirstPaint) {
     prova::CartellaTemporanea cartella;
+    const auto fogli = [] {
+        int n = 0;
+        for (QWidget* w : QApplication::topLevelWidgets()) n += qobject_cast<FinestraPunteggioQt*>(w) != nullptr;
+        return n;
+    };
+    {
+        Applicazione lesta(immagini(), cartella.percorso());
+        const auto pannelli = [&lesta] { return lesta.tavolo().findChildren<QPlainTextEdit*>().size(); };
+        const auto scelte = [&lesta] { return lesta.tavolo().findChildren<QRadioButton*>().size(); };
+        lesta.avvia();  // Form_Load has opened the card sound
+        EXPECT_EQ(prova::thread_di_nome("SDLAudio"), 0);
+        EXPECT_EQ(fogli(), 0);
+        EXPECT_EQ(pannelli(), 0);
+        EXPECT_EQ(scelte(), 0);
+        QTRY_COMPARE_WITH_TIMEOUT(prova::thread_di_nome("SDLAudio"), 1, 5000);
+        EXPECT_EQ(fogli(), 1);
+        EXPECT_EQ(pannelli(), 3);
+        EXPECT_EQ(scelte(), 3);
+    }
     Applicazione lesta(immagini(), cartella.percorso());
-    lesta.avvia();  // Form_Load has opened the card sound
-    EXPECT_EQ(prova::thread_di_nome("SDLAudio"), 0);
-    QTRY_COMPARE_WITH_TIMEOUT(prova::thread_di_nome("SDLAudio"), 1, 5000);
+    lesta.avvia();
+    lesta.tavolo().voce_italiano()->trigger();
+    QWidget* regole = lesta.tavolo().widget(Controllo::Text3);
+    EXPECT_TRUE(regole->isVisible());
+    QTest::mouseClick(static_cast<QPlainTextEdit*>(regole)->viewport(), Qt::LeftButton);
+    EXPECT_FALSE(regole->isVisible());
 }
 
 }  // namespace

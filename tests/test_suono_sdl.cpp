@@ -169,6 +169,86 @@ TEST_F(SuonoSdl, OnlyASongPlayedToItsEndBringsAnEnd) {
                             [&](auto s) { return s.second - s.first > 0.5 && rms(c, s.first, s.first + 0.6) > 0.01; }));
 }
 
+// A song of one held note of `altezza` on a recorder, whose sound is close to
+// a plain tone; its last event comes `coda_ms` after the note ends.
+void scrivi_nota(const std::filesystem::path& file, int altezza, int ms, int coda_ms = 0) {
+    midi::Traccia t("nota");
+    t.tempo(0, 500000);  // 960 ticks a second with 480 a quarter
+    t.programma(0, 0, 74);
+    t.nota(0, 0, static_cast<std::uint32_t>(ms * 960 / 1000), altezza, 110);
+    if (coda_ms > 0) t.controllo(0, static_cast<std::uint32_t>((ms + coda_ms) * 960 / 1000), 1, 0);
+    ASSERT_TRUE(scrivi_file(file, midi::file_smf({t}, 480)));
+}
+
+// The loudness of `hz` in samples [da, a): the amplitude of that frequency,
+// 1 for a tone at full scale.
+double ampiezza(const std::vector<double>& c, double hz, double da, double a) {
+    const auto i = static_cast<std::size_t>(da * frequenza),
+               j = std::min(static_cast<std::size_t>(a * frequenza), c.size());
+    double re = 0, im = 0;
+    for (std::size_t k = i; k < j; ++k) {
+        const double fase = 2 * std::numbers::pi * hz * static_cast<double>(k) / frequenza;
+        re += c[k] * std::cos(fase);
+        im += c[k] * std::sin(fase);
+    }
+    return j > i ? 2 * std::hypot(re, im) / static_cast<double>(j - i) : 0.0;
+}
+
+// In sequential mode a song's end starts the next: three songs of one note
+// each (220, 440 and 880 Hz), each opened and played as the game plays song
+// k when the last has ended. Between two songs is only the moment the player
+// takes to notice the end and start the next, not the synthesizer idling
+// after the last note has died away; and a song ends at its last event, here
+// half a second of rest after the note of the second song, not at its last
+// note.
+TEST_F(SuonoSdl, EachSongStartsAsTheLastHasEnded) {
+    scrivi_nota(file("la3.mid"), 57, 600);
+    scrivi_nota(file("la4.mid"), 69, 600, 500);
+    scrivi_nota(file("la5.mid"), 81, 600);
+    const std::string brani[] = {file("la3.mid"), file("la4.mid"), file("la5.mid")};
+    std::size_t prossimo = 1;
+    MediaSdl* lettore = nullptr;
+    {
+        MediaSdl musica(TipoDispositivo::Sequencer, [&] {
+            ++fini;
+            if (prossimo == std::size(brani)) return;
+            lettore->Command("close");
+            lettore->FileName(brani[prossimo++]);
+            lettore->Command("Open");
+            lettore->Command("Play");
+        });
+        lettore = &musica;
+        apri(musica, brani[0]);
+        ASSERT_TRUE(attendi(30s, [&] { return fini == 3; }));
+    }
+    // Every 5 ms that sound is heard (60 dB under full scale) belong to the
+    // song of the pitch that sounds loudest there; a song lasts from its
+    // first such moment to its last, the quiet end of its note included.
+    const auto c = uscita();
+    const double altezze[] = {220, 440, 880};
+    std::vector<std::pair<double, double>> canzoni;
+    std::size_t ultima = 3;
+    for (double t = 0; (t + 0.005) * frequenza <= static_cast<double>(c.size()); t += 0.005) {
+        if (rms(c, t, t + 0.005) <= 0.001) continue;
+        std::size_t altezza = 0;
+        for (std::size_t k = 1; k < 3; ++k)
+            if (ampiezza(c, altezze[k], t - 0.01, t + 0.015) > ampiezza(c, altezze[altezza], t - 0.01, t + 0.015))
+                altezza = k;
+        if (altezza != ultima) canzoni.emplace_back(t, t);
+        canzoni.back().second = t + 0.005;
+        ultima = altezza;
+        ASSERT_EQ(altezza, canzoni.size() - 1) << "at " << t << " s";
+    }
+    ASSERT_EQ(canzoni.size(), 3u);
+    for (auto [da, a] : canzoni) EXPECT_GT(a - da, 0.6) << da;  // the note held to its end
+    const double silenzio = canzoni[1].first - canzoni[0].second;
+    const double dopo_la_pausa = canzoni[2].first - (canzoni[1].first + 0.6 + 0.5);
+    EXPECT_GT(silenzio, -0.01);
+    EXPECT_LT(silenzio, 0.1);
+    EXPECT_GT(dopo_la_pausa, 0.0);
+    EXPECT_LT(dopo_la_pausa, 0.1);
+}
+
 // A 100 ms tone at half scale played three times, the third time again
 // 50 ms into its sounding, which starts it from its beginning; then the
 // game's own card sound, short.

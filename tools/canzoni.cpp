@@ -89,41 +89,37 @@ std::vector<Canzone> crea_canzoni() {
         "IVVJFXVVJFZ",
     });
 
-    // Eduardo di Capua, words by Giovanni Capurro, Naples 1898: in 4/4.
-    // Units of an eighth, eight to the bar.
+    // A traditional song of Trieste and Istria, words and tune of unknown
+    // authors: in 2/4, a polka of the osterie. Units of an eighth, four to
+    // the bar. The verse is sung twice, the second time to the end of its
+    // story; then the cry "Perché non m'ami più?".
     c.push_back({
-        "'O sole mio",
-        "Eduardo di Capua, 1898",
-        4,
+        "La mula de Parenzo",
+        "traditional, Trieste and Istria",
+        2,
         4,
         8,
-        80,
+        104,
         violino,
-        chitarra,
+        fisarmonica,
         contrabbasso,
         {
-            {'I', "r:8 | r:7 D4:1", "G | D7"},
-            // Che bella cosa 'na jurnata 'e sole,
-            // n'aria serena doppo 'na tempesta!
-            {'A',
-             "B4:3 A4:1 A4:2 G4:2 | A4:6 r:1 D4:1 | A4:3 G4:1 G4:2 F#4:2 | G4:6 r:1 D4:1 |"
-             "G4:3 F#4:1 F#4:2 E4:2 | F#4:6 r:1 D4:1 | E4:2 F#4:2 G4:2 A4:2 | B4:6 r:1 D4:1",
-             "G | D7 | D7 | G | Em | D | D7 | G"},
-            // Pe' ll'aria fresca pare già 'na festa...
-            // Che bella cosa 'na jurnata 'e sole.
-            {'B',
-             "B4:3 A4:1 A4:2 G4:2 | A4:6 r:1 D4:1 | A4:3 G4:1 G4:2 F#4:2 | G4:6 r:1 D4:1 |"
-             "C5:3 B4:1 B4:2 A4:2 | G4:2 E4:2 r:2 D4:2 | F#4:2 A4:2 G4:2 F#4:2 | G4:6 r:1 D4:1",
-             "G | D7 | D7 | G | C | Em | D7 | G"},
-            // Ma n'atu sole, cchiù bello, oi né,
-            // 'o sole mio sta 'nfronte a te!
-            {'R',
-             "E4:1 F#4:1 G4:6 | r:1 F#4:1 G4:1 A4:1 B4:4 | r:1 A4:1 B4:1 C5:1 D5:4 | C5:2 B4:2 A4:2 G4:2 |"
-             "E5:4 D5:2 C5:2 | B4:4 A4:2 G4:2 | A4:2 B4:2 A4:2 F#4:2 | G4:6 r:1 D4:1",
-             "C | G | D7 | G | C | G | D7 | G"},
-            {'C', "B4:4 B4:2 C5:2 | D5:4 C5:2 B4:2 | A4:2 B4:2 A4:2 F#4:2 | G4:8", "Em | G | D7 | G"},
+            {'I', "r:4 | r:4 | r:4 | r:3 G4:1", "C | F | G7 | C"},
+            // La mula de Parenzo ga messo su botega,
+            // de tuto la vendeva...
+            {'P',
+             "C5:1 C5:1 C5:1 D5:1 | E5:2 C5:1 G4:1 | D5:1 D5:1 D5:1 E5:1 | F5:2 D5:1 B4:1 |"
+             "E5:1 E5:1 E5:1 F5:1 | G5:2 E5:1 C5:1",
+             "C | C | G7 | G7 | C | C"},
+            // ...de tuto la vendeva.
+            {'Q', "F5:1 F5:1 E5:1 D5:1 | D5:2 B4:1 G4:1", "G7 | G7"},
+            // ...fora che 'l bacalà!
+            {'R', "F5:1 E5:1 D5:1 B4:1 | C5:3 r:1", "G7 | C"},
+            // Perché non m'ami più? And the last time, the end.
+            {'T', "r:1 G5:1 G5:1 F5:1 | E5:1 D5:1 C5:1 G4:1", "G7 | C"},
+            {'Z', "r:1 G5:1 G5:1 F5:1 | E5:1 D5:1 C5:2", "G7 | C"},
         },
-        "IABRRC",
+        "IPQPRTPQPRTPQPRTPQPRZ",
     });
     return c;
 }

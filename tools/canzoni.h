@@ -2,7 +2,7 @@
 #pragma once
 // The songs that come with the game, transcribed note by note, and their
 // making into Standard MIDI Files: the melody, chords and a bass, arranged in
-// the manner of a Neapolitan street band.
+// the manner of a street band.
 //
 // The notation. A melody is a row of notes separated by blanks, with "|"
 // between bars: a note is its name, an optional '#' or 'b', its octave

@@ -3,7 +3,9 @@
 // named by its title:
 //   lesta-canzoni <folder> <title>...
 // The titles given are the files the build expects; if they are not exactly
-// the songs made here, nothing is written and the build stops.
+// the songs made here, nothing is written and the build stops. A song file
+// of the folder that is not one of them (a song the game no longer has) is
+// removed, so that the folder holds the game's songs and no other.
 
 #include <filesystem>
 #include <iostream>
@@ -42,6 +44,13 @@ int main(int argc, char* argv[]) {
         if (!scrivi_file(file, canzoni::file_midi(c))) {
             std::cerr << "lesta-canzoni: cannot write " << file << "\n";
             return 1;
+        }
+    }
+    for (const auto& voce : std::filesystem::directory_iterator(cartella, errore)) {
+        const std::string nome = voce.path().filename().string();
+        if (voce.path().extension() == ".mid" && !fatti.contains(voce.path().stem().string())) {
+            std::filesystem::remove(voce.path(), errore);
+            std::cerr << "lesta-canzoni: removed " << nome << ", no longer a song of the game\n";
         }
     }
     return 0;

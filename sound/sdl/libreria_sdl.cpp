@@ -58,7 +58,9 @@ const LibreriaFluid* carica_fluid() {
                        prendi(fluid, "fluid_player_add", l.fluid_player_add) &&
                        prendi(fluid, "fluid_player_play", l.fluid_player_play) &&
                        prendi(fluid, "fluid_player_stop", l.fluid_player_stop) &&
-                       prendi(fluid, "fluid_player_get_status", l.fluid_player_get_status);
+                       prendi(fluid, "fluid_player_get_status", l.fluid_player_get_status) &&
+                       prendi(fluid, "fluid_player_get_current_tick", l.fluid_player_get_current_tick) &&
+                       prendi(fluid, "fluid_player_get_total_ticks", l.fluid_player_get_total_ticks);
     return tutte ? &l : nullptr;
 }
 

@@ -56,6 +56,8 @@ struct LibreriaFluid {
     decltype(&::fluid_player_play) fluid_player_play;
     decltype(&::fluid_player_stop) fluid_player_stop;
     decltype(&::fluid_player_get_status) fluid_player_get_status;
+    decltype(&::fluid_player_get_current_tick) fluid_player_get_current_tick;
+    decltype(&::fluid_player_get_total_ticks) fluid_player_get_total_ticks;
 };
 
 // The synthesizer, loaded by the first call from any thread; null if it is

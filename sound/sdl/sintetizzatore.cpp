@@ -84,9 +84,25 @@ void Sintetizzatore::ferma() {
 
 bool Sintetizzatore::rendi(std::int16_t* campioni, int fotogrammi) {
     s_->f.fluid_synth_write_s16(s_->synth, fotogrammi, campioni, 0, 2, campioni, 1, 2);
-    if (!in_corso_ || s_->f.fluid_player_get_status(s_->lettore) == FLUID_PLAYER_PLAYING) return false;
+    if (!in_corso_) return false;
+    if (s_->f.fluid_player_get_status(s_->lettore) == FLUID_PLAYER_PLAYING && !finito(campioni, fotogrammi))
+        return false;
     in_corso_ = false;
     return true;
+}
+
+// A song has ended once its last event has played and what its last notes
+// still sound has died away: the frames just rendered are silence, their
+// loudness (RMS) 60 dB under full scale. FluidSynth's own player would go on
+// while any note lasts, long after it can be heard, and two seconds more
+// after that.
+bool Sintetizzatore::finito(const std::int16_t* campioni, int fotogrammi) const {
+    const int fine = s_->f.fluid_player_get_total_ticks(s_->lettore);
+    if (fine <= 0 || s_->f.fluid_player_get_current_tick(s_->lettore) < fine) return false;
+    double energia = 0;
+    for (int i = 0; i < 2 * fotogrammi; ++i) energia += static_cast<double>(campioni[i]) * campioni[i];
+    constexpr double silenzio = 32767.0 / 1000;
+    return energia <= silenzio * silenzio * 2 * fotogrammi;
 }
 
 }  // namespace lesta

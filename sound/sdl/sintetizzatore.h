@@ -38,10 +38,12 @@ public:
     bool in_corso() const { return in_corso_; }
 
     // On the audio thread: the next `fotogrammi` stereo frames of 16-bit
-    // samples. True once, on the call in which the song reaches its end.
+    // samples. True once, on the call in which the song reaches its end: its
+    // last event played, and its last notes rung out.
     bool rendi(std::int16_t* campioni, int fotogrammi);
 
 private:
+    bool finito(const std::int16_t* campioni, int fotogrammi) const;
     struct Stato;
     explicit Sintetizzatore(std::unique_ptr<Stato> s);
     std::unique_ptr<Stato> s_;

@@ -4,7 +4,6 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QScreen>
 #include <QTimer>
 
@@ -15,8 +14,8 @@
 namespace lesta {
 
 Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
-    : tavolo_(immagini),
-      foglio_(immagini, mod_),
+    : immagini_(immagini),
+      tavolo_(immagini),
       frm_(Piattaforma{tavolo_, orologio_, casuale_, musica_, suono_, *this, cronista_}, mod_, std::move(cartella)) {
     // The program folder's settings file, or the player's own when the game
     // is installed where the player may not write.
@@ -39,17 +38,39 @@ Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
     connect(tavolo_.voce_italiano(), &QAction::triggered, this, [this] { evento([this] { frm_.Italiano_Click(); }); });
     connect(tavolo_.voce_english(), &QAction::triggered, this, [this] { evento([this] { frm_.english_Click(); }); });
     connect(tavolo_.voce_info(), &QAction::triggered, this, [this] { evento([this] { frm_.menu_about_Click(); }); });
-    for (Controllo c : {Controllo::Text3, Controllo::Text4})
-        static_cast<QPlainTextEdit*>(tavolo_.widget(c))->viewport()->installEventFilter(this);
-    for (int i = 0; i < 2; ++i) {
-        tavolo_.widget(Verde(i))->installEventFilter(this);
-        tavolo_.widget(Rosso(i))->installEventFilter(this);
-    }
+    connect(&tavolo_, &FinestraTavoloQt::cliccato, this, [this](Controllo c) {
+        evento([this, c] {
+            if (c == Controllo::Text3) frm_.Text3_Click();
+            if (c == Controllo::Text4) frm_.Text4_Click();
+            for (int i = 0; i < 2; ++i) {
+                if (c == Verde(i)) frm_.Verde_Click(i);
+                if (c == Rosso(i)) frm_.Rosso_Click(i);
+            }
+        });
+    });
     connect(&tavolo_, &FinestraTavoloQt::esci, this, [this] { evento([this] { frm_.esci_Click(); }); });
     // The window's own close control ends the program at once.
     connect(&tavolo_, &FinestraTavoloQt::chiusa, this, [this] { End(); });
+    // The table's first coming on screen activates it: the window has its
+    // maximised size by then, so the blue screen is painted at its place,
+    // and before the window's first frame, which shows all of it.
+    connect(&tavolo_, &FinestraTavoloQt::prima_volta, this, &Applicazione::attiva);
+    // The sound (its libraries, the device, the card sound and the song) is
+    // taken only once the table is painted: until then its commands queue.
+    // So are the score sheet and the table's controls built, unless needed
+    // sooner: the table comes up as fast as a bare window.
+    trattieni_suoni();
+    tavolo_.superficie().installEventFilter(this);
+}
+
+Applicazione::~Applicazione() = default;
+
+FinestraPunteggioQt& Applicazione::foglio() {
+    if (foglio_ != nullptr) return *foglio_;
+    foglio_ = std::make_unique<FinestraPunteggioQt>(immagini_, mod_);
+    FinestraPunteggioQt* foglio = foglio_.get();
     // The score sheet's buttons: the next hand, or the end.
-    connect(&foglio_, &FinestraPunteggioQt::mostra_tavolo, this, [this] {
+    connect(foglio, &FinestraPunteggioQt::mostra_tavolo, this, [this, foglio] {
         if (finito_) return;
         tavolo_.show();
         tavolo_.raise();
@@ -57,49 +78,25 @@ Applicazione::Applicazione(Immagini& immagini, std::filesystem::path cartella)
         // On Wayland a window cannot raise itself, so the sheet would stay in
         // front: there it steps aside instead, and is shown anew at the end
         // of the next hand, which puts it on top.
-        if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) foglio_.hide();
+        if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) foglio->hide();
         attiva();
     });
-    connect(&foglio_, &FinestraPunteggioQt::scarica_tavolo, this, [this] { evento([this] { frm_.Form_Unload(); }); });
-    connect(&foglio_, &FinestraPunteggioQt::fine, this, [this] { End(); });
-    // The table's first coming on screen activates it: the window has its
-    // maximised size by then, so the blue screen is painted at its place,
-    // and before the window's first frame, which shows all of it.
-    connect(&tavolo_, &FinestraTavoloQt::prima_volta, this, &Applicazione::attiva);
-    // The sound (its libraries, the device, the card sound and the song) is
-    // taken only once the table is painted: until then its commands queue.
-    trattieni_suoni();
-    tavolo_.superficie().installEventFilter(this);
+    connect(foglio, &FinestraPunteggioQt::scarica_tavolo, this, [this] { evento([this] { frm_.Form_Unload(); }); });
+    connect(foglio, &FinestraPunteggioQt::fine, this, [this] { End(); });
+    return *foglio;
 }
 
 bool Applicazione::eventFilter(QObject* oggetto, QEvent* e) {
     if (e->type() == QEvent::Paint && oggetto == &tavolo_.superficie()) {
         tavolo_.superficie().removeEventFilter(this);
         QMetaObject::invokeMethod(
-            this, [] { libera_suoni(); }, Qt::QueuedConnection);
-        return false;
-    }
-    if (e->type() != QEvent::MouseButtonPress) return false;
-    auto viewport = [this](Controllo c) { return static_cast<QPlainTextEdit*>(tavolo_.widget(c))->viewport(); };
-    // A click on a panel or a light is not a click on the table: it is taken
-    // here and goes no further.
-    if (oggetto == viewport(Controllo::Text3)) {
-        evento([this] { frm_.Text3_Click(); });
-        return true;
-    }
-    if (oggetto == viewport(Controllo::Text4)) {
-        evento([this] { frm_.Text4_Click(); });
-        return true;
-    }
-    for (int i = 0; i < 2; ++i) {
-        if (oggetto == tavolo_.widget(Verde(i))) {
-            evento([this, i] { frm_.Verde_Click(i); });
-            return true;
-        }
-        if (oggetto == tavolo_.widget(Rosso(i))) {
-            evento([this, i] { frm_.Rosso_Click(i); });
-            return true;
-        }
+            this,
+            [this] {
+                foglio();
+                tavolo_.completa();
+                libera_suoni();
+            },
+            Qt::QueuedConnection);
     }
     return false;
 }
@@ -117,9 +114,9 @@ void Applicazione::attiva() {
 
 // The table has finished a hand: the sheet comes up and fills itself, once.
 void Applicazione::Show_frmscore() {
-    foglio_.frm().Show();
+    foglio().frm().Show();
     if (cronista_.in_ascolto())
-        foglio_.leggi_il_foglio(QString::fromStdString(lettura_del_foglio(mod_, cronista_.lingua())));
+        foglio().leggi_il_foglio(QString::fromStdString(lettura_del_foglio(mod_, cronista_.lingua())));
 }
 
 void Applicazione::End() {

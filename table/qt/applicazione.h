@@ -6,6 +6,7 @@
 
 #include <QObject>
 #include <filesystem>
+#include <memory>
 
 #include "match/casuale_sistema.h"
 #include "match/frmlesta.h"
@@ -24,6 +25,7 @@ class Applicazione final : public QObject, public Programma {
     Q_OBJECT
 public:
     Applicazione(Immagini& immagini, std::filesystem::path cartella);
+    ~Applicazione() override;
 
     // Loads the game and shows the table maximised; the first activation
     // follows the first show.
@@ -37,12 +39,13 @@ public:
 
     Frmlesta& gioco() { return frm_; }
     FinestraTavoloQt& tavolo() { return tavolo_; }
-    FinestraPunteggioQt& foglio() { return foglio_; }
+    // The score sheet, built by the first call.
+    FinestraPunteggioQt& foglio();
     CronistaQt& cronista() { return cronista_; }
     bool finito() const { return finito_; }
 
 protected:
-    // Clicks on the help panels and on the turn lights.
+    // The table's first paint.
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 private:
@@ -55,6 +58,7 @@ private:
         orologio_.sveglia();
     }
 
+    Immagini& immagini_;
     ModLesta mod_;
     OrologioQt orologio_;
     CasualeSistema casuale_;
@@ -62,7 +66,7 @@ private:
     MediaSdl musica_{TipoDispositivo::Sequencer, [this] { evento([this] { frm_.MMC1_Done(1); }); }};
     MediaSdl suono_{TipoDispositivo::WaveAudio};
     FinestraTavoloQt tavolo_;
-    FinestraPunteggioQt foglio_;
+    std::unique_ptr<FinestraPunteggioQt> foglio_;
     // A screen reader is told of the game, when one listens.
     CronistaQt cronista_{tavolo_.superficie(), [this](char t) { evento([this, t] { frm_.Form_KeyDown(t); }); }};
     Frmlesta frm_;

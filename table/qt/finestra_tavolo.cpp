@@ -36,6 +36,13 @@ QString css(Colore c) { return colore_qt(c).name(); }
 // The keys that keep a key from playing.
 constexpr auto altri_tasti = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
 
+// A control named for a player who follows the game by ear, if the game
+// names it (the panels, the lights, the lamp, the title).
+void nomina(QWidget* w, Controllo c) {
+    const std::string_view nome = nome_controllo(c, lingua_del_desktop());
+    if (!nome.empty()) w->setAccessibleName(QString::fromUtf8(nome.data(), static_cast<qsizetype>(nome.size())));
+}
+
 // The frame round the match choice: a rounded outline, clear inside.
 class Cornice final : public QWidget {
 public:
@@ -136,27 +143,38 @@ FinestraTavoloQt::FinestraTavoloQt(Immagini& immagini) : immagini_(immagini) {
     resize(1018, 773 + menuBar()->sizeHint().height());
     connect(superficie_, &SuperficieQt::ridimensionata, this, &FinestraTavoloQt::posiziona_tutti);
 
-    crea_controlli();
+    // The title fills its box; it is the one control of the first frames.
+    auto* titolo = new ControlloFigura(immagini_, Figura::Titolo, superficie_);
+    titolo->hide();
+    nomina(titolo, Controllo::testo);
+    widget_[static_cast<std::size_t>(Controllo::testo)] = titolo;
     crea_menu();
 }
 
-// Every control that ever shows, hidden until the game shows it. The song
+// The other controls are built when the game first shows one or names one,
+// or by completa(): the window comes up without them, as none shows in its
+// first frames. Each is built hidden, at the place the game and the window's
+// size have given it meanwhile, with the caption it was given. The song
 // frame's holder has none: the frame is painted on the table.
 void FinestraTavoloQt::crea_controlli() {
+    if (widget_[static_cast<std::size_t>(Controllo::Led)] != nullptr) return;
     auto metti = [this](Controllo c, QWidget* w) {
         w->hide();
+        nomina(w, c);
         widget_[static_cast<std::size_t>(c)] = w;
+        posiziona(c);
     };
 
     // The lamp and the turn lights show at their own size, 13 and 32 pixels
-    // square, as pictures in a picture box do; the title fills its box.
-    metti(Controllo::testo, new ControlloFigura(immagini_, Figura::Titolo, superficie_));
+    // square, as pictures in a picture box do.
     auto* led = new ControlloFigura(immagini_, Figura::Led, superficie_, QSize(13, 13));
     led->setAttribute(Qt::WA_TransparentForMouseEvents);
     metti(Controllo::Led, led);
     for (int i = 0; i < 2; ++i) {
         metti(Verde(i), new ControlloFigura(immagini_, Figura::Verde, superficie_, QSize(32, 32)));
         metti(Rosso(i), new ControlloFigura(immagini_, Figura::Rosso, superficie_, QSize(32, 32)));
+        widget_[static_cast<std::size_t>(Verde(i))]->installEventFilter(this);
+        widget_[static_cast<std::size_t>(Rosso(i))]->installEventFilter(this);
     }
 
     auto* cornice = new Cornice(superficie_);
@@ -177,7 +195,7 @@ void FinestraTavoloQt::crea_controlli() {
         const QAbstractButton* scelta = opzioni_->checkedButton();
         if (scelta == nullptr) return;  // between one choice and the next
         const std::string testo = frasi::partita_scelta(lingua_del_desktop(), scelta->text().toStdString());
-        widget(Controllo::GO)->setAccessibleDescription(QString::fromStdString(testo));
+        widget_[static_cast<std::size_t>(Controllo::GO)]->setAccessibleDescription(QString::fromStdString(testo));
     };
     connect(opzioni_, &QButtonGroup::idToggled, this, scelta_su_go);
     auto* go = new QPushButton(QStringLiteral("GO"), superficie_);
@@ -190,19 +208,68 @@ void FinestraTavoloQt::crea_controlli() {
     metti(Controllo::GO, go);
     scelta_su_go();
 
-    metti(Controllo::CmdSong, bottone_canzone(superficie_));
+    QPushButton* canzone = bottone_canzone(superficie_);
+    canzone->findChild<QLabel*>(QStringLiteral("titolo"))->setText(titolo_canzone_);
+    canzone->setAccessibleName(titolo_canzone_);  // the button's words are its label's
+    metti(Controllo::CmdSong, canzone);
+}
+
+// The help panels, the dearest controls to build (their texts are laid out
+// line by line), come later still: none shows before the player asks. Built
+// after the others, they stand above them.
+void FinestraTavoloQt::crea_pannelli() {
+    if (widget_[static_cast<std::size_t>(Controllo::Text2)] != nullptr) return;
+    crea_controlli();
     const std::pair<Controllo, std::string_view> pannelli[] = {
         {Controllo::Text2, testo_inglese}, {Controllo::Text3, testo_italiano}, {Controllo::Text4, testo_informazioni}};
-    for (auto [pannello, contenuto] : pannelli) metti(pannello, pannello_aiuto(pannello, contenuto, superficie_));
-
-    // Each named for a player who follows the game by ear.
-    const Lingua lingua = lingua_del_desktop();
-    for (int i = 0; i < numero_controlli; ++i) {
-        const auto c = static_cast<Controllo>(i);
-        const std::string_view nome = nome_controllo(c, lingua);
-        if (widget(c) != nullptr && !nome.empty())
-            widget(c)->setAccessibleName(QString::fromUtf8(nome.data(), static_cast<qsizetype>(nome.size())));
+    for (auto [pannello, contenuto] : pannelli) {
+        QPlainTextEdit* testo = pannello_aiuto(pannello, contenuto, superficie_);
+        testo->hide();
+        nomina(testo, pannello);
+        widget_[static_cast<std::size_t>(pannello)] = testo;
+        posiziona(pannello);
+        if (pannello != Controllo::Text2) testo->viewport()->installEventFilter(this);
     }
+}
+
+void FinestraTavoloQt::completa() { crea_pannelli(); }
+
+QWidget* FinestraTavoloQt::widget(Controllo c) {
+    QWidget*& w = widget_[static_cast<std::size_t>(c)];
+    if (w == nullptr && pannello(c)) crea_pannelli();
+    if (w == nullptr) crea_controlli();
+    return w;
+}
+
+// The window's own events: its first coming on screen, and the keys that
+// press GO, taken on their way to it (see showEvent). And a click on the
+// Italian rules, on the information or on a turn light: not a click on the
+// table, it goes to the game as the control's own, and no further.
+bool FinestraTavoloQt::eventFilter(QObject* oggetto, QEvent* evento) {
+    if (oggetto == windowHandle()) {
+        if (evento->type() == QEvent::Expose && !esposta_ && windowHandle()->isExposed()) {
+            esposta_ = true;
+            emit prima_volta();
+        }
+        return evento->type() == QEvent::KeyPress && premi_go(*static_cast<QKeyEvent*>(evento));
+    }
+    if (evento->type() != QEvent::MouseButtonPress) return false;
+    for (Controllo c : {Controllo::Text3, Controllo::Text4}) {
+        auto* testo = static_cast<QPlainTextEdit*>(widget_[static_cast<std::size_t>(c)]);
+        if (testo != nullptr && oggetto == testo->viewport()) {
+            emit cliccato(c);
+            return true;
+        }
+    }
+    for (int i = 0; i < 2; ++i) {
+        for (Controllo c : {Verde(i), Rosso(i)}) {
+            if (oggetto == widget_[static_cast<std::size_t>(c)]) {
+                emit cliccato(c);
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 void FinestraTavoloQt::crea_menu() {
@@ -239,7 +306,10 @@ void FinestraTavoloQt::crea_menu() {
 // ---- the controls ----
 void FinestraTavoloQt::controllo_cambiato(Controllo c, const Rett& r, bool visibile, bool in_primo_piano) {
     rett_[static_cast<std::size_t>(c)] = r;
-    QWidget* w = widget(c);
+    // A control not yet built keeps its place for when it is, and is built
+    // to be shown. (What is brought to the front is shown, so nothing is lost
+    // of the order of the controls while they are hidden.)
+    QWidget* w = visibile ? widget(c) : widget_[static_cast<std::size_t>(c)];
     if (w == nullptr) return;
     posiziona(c);
     // A control that goes holds the keyboard no more: the table takes it, so
@@ -256,7 +326,7 @@ void FinestraTavoloQt::controllo_cambiato(Controllo c, const Rett& r, bool visib
 }
 
 void FinestraTavoloQt::posiziona(Controllo c) {
-    QWidget* w = widget(c);
+    QWidget* w = widget_[static_cast<std::size_t>(c)];
     if (w == nullptr) return;
     w->setGeometry(superficie_->in_pixel(rett_[static_cast<std::size_t>(c)]));
     if (auto* testo = qobject_cast<QPlainTextEdit*>(w)) {
@@ -309,10 +379,13 @@ QAction* FinestraTavoloQt::voce_canzone(int indice) const {
 
 void FinestraTavoloQt::caption(Controllo c, std::string_view testo) {
     const QString t = QString::fromUtf8(testo.data(), static_cast<qsizetype>(testo.size()));
+    if (c == Controllo::CmdSong) titolo_canzone_ = t;  // for the button, if it is not built yet
+    QWidget* w = widget_[static_cast<std::size_t>(c)];
+    if (w == nullptr) return;
     if (c == Controllo::CmdSong) {
-        widget(c)->findChild<QLabel*>(QStringLiteral("titolo"))->setText(t);
-        widget(c)->setAccessibleName(t);  // the button's words are its label's
-    } else if (auto* bottone = qobject_cast<QAbstractButton*>(widget(c)))
+        w->findChild<QLabel*>(QStringLiteral("titolo"))->setText(t);
+        w->setAccessibleName(t);
+    } else if (auto* bottone = qobject_cast<QAbstractButton*>(w))
         bottone->setText(t);
 }
 
@@ -341,15 +414,6 @@ void FinestraTavoloQt::showEvent(QShowEvent* evento) {
         mostrata_ = true;
         windowHandle()->installEventFilter(this);
     }
-}
-
-bool FinestraTavoloQt::eventFilter(QObject* oggetto, QEvent* evento) {
-    if (oggetto != windowHandle()) return QMainWindow::eventFilter(oggetto, evento);
-    if (evento->type() == QEvent::Expose && !esposta_ && windowHandle()->isExposed()) {
-        esposta_ = true;
-        emit prima_volta();
-    }
-    return evento->type() == QEvent::KeyPress && premi_go(*static_cast<QKeyEvent*>(evento));
 }
 
 // A key comes here when nothing on the window takes it: the table holds the
@@ -383,15 +447,17 @@ void FinestraTavoloQt::keyPressEvent(QKeyEvent* evento) {
 // Enter and the space bar do nothing there.
 bool FinestraTavoloQt::premi_go(const QKeyEvent& e) {
     const bool avvio = e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter || e.key() == Qt::Key_Space;
-    auto* go = static_cast<QAbstractButton*>(widget(Controllo::GO));
-    if (!avvio || !go->isVisible() || tiene_tastiera(Controllo::Text2) || focusWidget() == menuBar()) return false;
+    auto* go = static_cast<QAbstractButton*>(widget_[static_cast<std::size_t>(Controllo::GO)]);
+    if (!avvio || go == nullptr || !go->isVisible() || tiene_tastiera(Controllo::Text2) || focusWidget() == menuBar())
+        return false;
     if (!e.isAutoRepeat() && !(e.modifiers() & altri_tasti)) go->click();
     return true;
 }
 
 bool FinestraTavoloQt::tiene_tastiera(Controllo c) const {
     const QWidget* attivo = focusWidget();
-    return attivo != nullptr && (attivo == widget(c) || widget(c)->isAncestorOf(attivo));
+    const QWidget* w = widget_[static_cast<std::size_t>(c)];  // a control not built holds nothing
+    return attivo != nullptr && w != nullptr && (attivo == w || w->isAncestorOf(attivo));
 }
 
 bool FinestraTavoloQt::pannello_con_tastiera() const {

@@ -5,6 +5,7 @@
 // the game tells it and passes every event on to the game; it decides nothing.
 
 #include <QMainWindow>
+#include <QString>
 #include <array>
 #include <vector>
 
@@ -32,7 +33,11 @@ public:
     int larghezza_pixel() const override;
 
     SuperficieQt& superficie() const override { return *superficie_; }
-    QWidget* widget(Controllo c) const { return widget_[static_cast<std::size_t>(c)]; }
+    // The control's widget, built by the first call if it is not yet.
+    QWidget* widget(Controllo c);
+    // Builds the controls the table may still lack. Called once the table is
+    // on screen.
+    void completa();
     QAction* voce_velocita(int indice) const { return velocita_[static_cast<std::size_t>(indice)]; }
     QAction* voce_esci() const { return esci_; }
     QAction* voce_canzone(int indice) const;
@@ -56,18 +61,24 @@ signals:
     // The window is on screen for the first time, at the size the window
     // manager gave it, and about to be painted.
     void prima_volta();
+    // A click on the Italian rules, the information or a turn light.
+    void cliccato(Controllo c);
 
 protected:
+    // The window's first coming on screen, Enter and the space bar on the
+    // start panel, and the clicks on the panels and lights.
+    bool eventFilter(QObject* oggetto, QEvent* evento) override;
     void closeEvent(QCloseEvent* evento) override;
     void showEvent(QShowEvent* evento) override;
-    // The window's first coming on screen, and Enter and the space bar on
-    // the start panel.
-    bool eventFilter(QObject* oggetto, QEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
 
 private:
     void crea_controlli();
+    void crea_pannelli();
     void crea_menu();
+    static bool pannello(Controllo c) {
+        return c == Controllo::Text2 || c == Controllo::Text3 || c == Controllo::Text4;
+    }
     void posiziona(Controllo c);
     void posiziona_tutti();
     // Whether this control, or one inside it, holds the keyboard.
@@ -91,6 +102,7 @@ private:
     QAction* info_ = nullptr;
     QAction* esci_ = nullptr;
     QButtonGroup* opzioni_ = nullptr;
+    QString titolo_canzone_;  // the song's title
     bool mostrata_ = false;
     bool esposta_ = false;
 };

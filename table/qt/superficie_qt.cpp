@@ -16,8 +16,18 @@ Colore colore_word(QRgb c) { return rgb(qRed(c), qGreen(c), qBlue(c)); }
 
 SuperficieQt::SuperficieQt(Immagini& immagini, QWidget* genitore) : QWidget(genitore), immagini_(immagini) {
     setAttribute(Qt::WA_OpaquePaintEvent);
-    immagine_ = QImage(QSize(800, 600), QImage::Format_RGB32);
-    immagine_.fill(colore_qt(fondo_));
+}
+
+// The picture is made when something is first painted on it, not when the
+// widget is built: until then the surface is all of its back colour, and
+// shows so. By then the window has its real size, so the picture is made once
+// and at that size, and the window's start waits for none of it.
+QImage& SuperficieQt::tela() const {
+    if (immagine_.isNull()) {
+        immagine_ = QImage(area_.expandedTo(QSize(800, 600)), QImage::Format_RGB32);
+        immagine_.fill(colore_qt(fondo_));
+    }
+    return immagine_;
 }
 
 QPoint SuperficieQt::dispositivo(float x, float y) const {
@@ -29,7 +39,7 @@ int SuperficieQt::tratto() const { return std::max(1, static_cast<int>(std::lrou
 void SuperficieQt::dipinto() { update(); }
 
 void SuperficieQt::Cls() {
-    immagine_.fill(colore_qt(fondo_));
+    if (!immagine_.isNull()) immagine_.fill(colore_qt(fondo_));
     dipinto();
 }
 
@@ -40,7 +50,7 @@ void SuperficieQt::BackColor(Colore colore) {
 
 void SuperficieQt::Line(float x1, float y1, float x2, float y2, Colore colore) {
     const int t = tratto();
-    QPainter p(&immagine_);
+    QPainter p(&tela());
     // A pen t pixels wide is centred on the line; moved by half of it, it
     // covers the pixels from the line's own to the right and below, as an
     // outline does.
@@ -58,7 +68,7 @@ void SuperficieQt::Box(float x1, float y1, float x2, float y2, Colore colore) {
     const QPoint b = dispositivo(std::max(x1, x2), std::max(y1, y2));
     const int t = tratto(), larga = b.x() - a.x() + t, alta = b.y() - a.y() + t;
     const QColor c = colore_qt(colore);
-    QPainter p(&immagine_);
+    QPainter p(&tela());
     p.fillRect(a.x(), a.y(), larga, t, c);
     p.fillRect(a.x(), b.y(), larga, t, c);
     p.fillRect(a.x(), a.y(), t, alta, c);
@@ -71,7 +81,7 @@ void SuperficieQt::BoxFilled(float x1, float y1, float x2, float y2, Colore colo
     const QPoint a = dispositivo(std::min(x1, x2), std::min(y1, y2));
     const QPoint b = dispositivo(std::max(x1, x2), std::max(y1, y2));
     const int t = tratto();
-    QPainter p(&immagine_);
+    QPainter p(&tela());
     p.fillRect(a.x(), a.y(), b.x() - a.x() + t, b.y() - a.y() + t, colore_qt(colore));
     dipinto();
 }
@@ -80,7 +90,7 @@ void SuperficieQt::PaintPicture(Figura figura, float x, float y, float w, float 
     const QPoint alto = dispositivo(x, y), basso = dispositivo(x + w, y + h);
     const QSize misura(basso.x() - alto.x(), basso.y() - alto.y());
     if (misura.isEmpty()) return;
-    QPainter p(&immagine_);
+    QPainter p(&tela());
     p.drawImage(alto, immagini_.immagine(figura, misura));
     dipinto();
 }
@@ -88,7 +98,7 @@ void SuperficieQt::PaintPicture(Figura figura, float x, float y, float w, float 
 Colore SuperficieQt::Point(float x, float y) const {
     const QPoint punto = dispositivo(x, y);
     if (!QRect(QPoint(0, 0), area_).contains(punto)) return 0xFFFFFFFFu;
-    return colore_word(immagine_.pixel(punto));
+    return colore_word(immagine_.isNull() ? colore_qt(fondo_).rgb() : immagine_.pixel(punto));
 }
 
 // The window's font, 8 points, as the desktop shows 8 points at the window's
@@ -101,7 +111,7 @@ QFont SuperficieQt::carattere() const {
 }
 
 void SuperficieQt::Print(float x, float y, std::string_view testo, Colore colore) {
-    QPainter p(&immagine_);
+    QPainter p(&tela());
     p.setFont(carattere());
     p.setPen(colore_qt(colore));
     const QFontMetrics misure(carattere());
@@ -130,7 +140,7 @@ bool SuperficieQt::segui_area() {
     const QSize nuova = (QSizeF(size()) * devicePixelRatioF()).toSize();
     if (nuova.isEmpty() || nuova == area_) return false;
     area_ = nuova;
-    if (area_.width() > immagine_.width() || area_.height() > immagine_.height()) {
+    if (!immagine_.isNull() && (area_.width() > immagine_.width() || area_.height() > immagine_.height())) {
         QImage piu_grande(immagine_.size().expandedTo(area_), QImage::Format_RGB32);
         piu_grande.fill(colore_qt(fondo_));
         QPainter(&piu_grande).drawImage(0, 0, immagine_);
@@ -143,9 +153,13 @@ void SuperficieQt::paintEvent(QPaintEvent* evento) {
     // A move to a screen of another display scale changes the device pixels
     // with no resize; the picture keeps its pixels then too.
     segui_area();
+    QPainter p(this);
+    if (immagine_.isNull()) {
+        p.fillRect(evento->rect(), colore_qt(fondo_));
+        return;
+    }
     // The image is in device pixels; the painter works in the widget's.
     const qreal dpr = devicePixelRatioF();
-    QPainter p(this);
     p.drawImage(QRectF(evento->rect()), immagine_,
                 QRectF(QPointF(evento->rect().topLeft()) * dpr, QSizeF(evento->rect().size()) * dpr));
 }

@@ -49,7 +49,7 @@ public:
 
     // Everything painted; its top left part, of the size of area(), is what
     // the window shows.
-    const QImage& immagine() const { return immagine_; }
+    const QImage& immagine() const { return tela(); }
     QSize area() const { return area_; }
 
 signals:
@@ -73,12 +73,14 @@ private:
     // Takes the widget's present size in device pixels, the image growing to
     // it if need be; true if it changed.
     bool segui_area();
+    // The picture, made when it is first painted on.
+    QImage& tela() const;
     QFont carattere() const;
     void dipinto();
 
     Immagini& immagini_;
-    QImage immagine_;
-    QSize area_{800, 600};  // the widget's size in device pixels
+    mutable QImage immagine_;  // null until its first need
+    QSize area_{800, 600};     // the widget's size in device pixels
     Colore fondo_ = blu;
 };
 

@@ -70,7 +70,7 @@ package: deps
 # A second build of the package, elsewhere and without the tests: the same
 # bytes, the package of the debugging symbols included.
 reproducible: package
-	DEB_BUILD_OPTIONS=nocheck scripts/pacchetto $(BUILD_PKG2) $(JOBS)
+	DEB_BUILD_PROFILES=nocheck scripts/pacchetto $(BUILD_PKG2) $(JOBS)
 	for f in $(BUILD_PKG)/*.deb; do cmp "$$f" $(BUILD_PKG2)/"$${f##*/}" || exit 1; done
 
 build: deps

@@ -154,7 +154,13 @@ Settebello, e un punto per ogni
 lesta.
 )";
 
-const std::string_view testo_informazioni = "Lesta  ver. 3.4\nCarte triestine\n";
+// The game and its deck; then whose it is and under which licence.
+const std::string_view testo_informazioni =
+    "Lesta  ver. 3.4\n"
+    "Carte triestine\n"
+    "© 2026 The Lesta developers\n"
+    "Free software, GPL-3.0-or-later\n"
+    "No warranty\n";
 
 std::string_view nome_controllo(Controllo c, Lingua l) {
     const bool it = l == Lingua::italiano;

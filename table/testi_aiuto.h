@@ -16,7 +16,8 @@ namespace lesta {
 extern const std::string_view testo_inglese;
 // Text3: the Italian rules.
 extern const std::string_view testo_italiano;
-// Text4: the information panel, two lines shown centred.
+// Text4: the information panel, a few lines shown centred: the game and its
+// deck, then its copyright and licence.
 extern const std::string_view testo_informazioni;
 
 // A control's name for a player who follows the game by ear, in the

@@ -15,6 +15,7 @@
 #include <QRadioButton>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextCursor>
 #include <QTextLayout>
 #include <QTimer>
 #include <cmath>
@@ -384,6 +385,34 @@ TEST(FinestraTavoloQt, EnterAndTheSpaceBarPressGoWheneverTheStartPanelShows) {
     t.mostra(Controllo::GO, false);
     for (Qt::Key k : {Qt::Key_Return, Qt::Key_Space}) QTest::keyClick(finestra, k);
     EXPECT_EQ(t.go, go);
+}
+
+// The information panel shows every line whole, none cut at its sides or
+// its foot: at the window's design size, at the narrowest the game accepts
+// (its letters no smaller than 8 pixels), on a low screen, and larger.
+TEST(FinestraTavoloQt, TheInformationShowsWholeInItsPanel) {
+    FinestraTavoloQt tavolo(immagini());
+    tavolo.show();
+    tavolo.controllo_cambiato(Controllo::Text4, rettangolo_iniziale(Controllo::Text4), true, true);
+    auto* testo = static_cast<QPlainTextEdit*>(tavolo.widget(Controllo::Text4));
+    for (QSize dimensioni : {QSize(1018, 773), QSize(824, 600), QSize(1024, 560), QSize(1600, 1000)}) {
+        tavolo.resize(dimensioni);
+        QApplication::sendPostedEvents();
+        const QFontMetrics misure(testo->font());
+        const int margine = static_cast<int>(std::ceil(testo->document()->documentMargin()));
+        const QRect vista = testo->viewport()->rect().adjusted(margine, margine, -margine, -margine);
+        int righe = 0;
+        for (QTextBlock b = testo->document()->begin(); b.isValid(); b = b.next()) {
+            if (b.text().isEmpty()) continue;
+            ++righe;
+            EXPECT_LE(misure.horizontalAdvance(b.text()), vista.width())
+                << b.text().toStdString() << " at " << dimensioni.width() << " px " << testo->font().pixelSize()
+                << " vista " << vista.width() << "x" << vista.height();
+            const QRect riga = testo->cursorRect(QTextCursor(b));
+            EXPECT_LE(riga.bottom(), vista.bottom()) << b.text().toStdString() << " at " << dimensioni.width();
+        }
+        EXPECT_GE(righe, 2);  // the panel holds its text
+    }
 }
 
 // A routine that waits on the real clock: a pause takes its time in the event

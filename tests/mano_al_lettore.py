@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A single hand played by ear, as a player who cannot see the table plays it.
 
-On the desktop that tests/sotto_atspi makes, with its listener (and Orca,
+On the desktop that tests/sotto_x11 makes, with its listener (and Orca,
 if it runs), the game is started at "High" with no music, and played by
 keys pressed with xdotool, each chosen from what reached the listener alone:
 Enter on GO; at each "Your turn" the first card of the hand as it was read;

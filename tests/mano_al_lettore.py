@@ -62,6 +62,7 @@ class Ascolto:
         self.processo = processo
         self.letto = 0
         self.righe = []
+        self.da_vedere = []  # read from the file, not yet looked at
 
     def nuove(self):
         try:
@@ -77,10 +78,14 @@ class Ascolto:
         return nuove
 
     def attendi(self, cosa, condizione, secondi=60):
-        """The first new line for which the condition holds."""
+        """The first line not yet looked at for which the condition holds.
+        Those read with it and after it wait for the next call: two
+        notifications may reach the file between two readings of it."""
         limite = time.monotonic() + secondi
         while time.monotonic() < limite:
-            for campi in self.nuove():
+            self.da_vedere += self.nuove()
+            while self.da_vedere:
+                campi = self.da_vedere.pop(0)
                 if condizione(campi):
                     return campi
             if self.processo.poll() is not None:

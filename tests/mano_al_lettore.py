@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A single hand played by ear, as a player who cannot see the table plays it.
 
-On the desktop that tests/sotto_atspi makes, with its listener (and Orca,
+On the desktop that tests/sotto_x11 makes, with its listener (and Orca,
 if it runs), the game is started at "High" with no music, and played by
 keys pressed with xdotool, each chosen from what reached the listener alone:
 Enter on GO; at each "Your turn" the first card of the hand as it was read;
@@ -62,6 +62,7 @@ class Ascolto:
         self.processo = processo
         self.letto = 0
         self.righe = []
+        self.da_vedere = []  # read from the file, not yet looked at
 
     def nuove(self):
         try:
@@ -77,10 +78,14 @@ class Ascolto:
         return nuove
 
     def attendi(self, cosa, condizione, secondi=60):
-        """The first new line for which the condition holds."""
+        """The first line not yet looked at for which the condition holds.
+        Those read with it and after it wait for the next call: two
+        notifications may reach the file between two readings of it."""
         limite = time.monotonic() + secondi
         while time.monotonic() < limite:
-            for campi in self.nuove():
+            self.da_vedere += self.nuove()
+            while self.da_vedere:
+                campi = self.da_vedere.pop(0)
                 if condizione(campi):
                     return campi
             if self.processo.poll() is not None:

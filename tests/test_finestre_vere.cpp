@@ -6,8 +6,8 @@
 // as a person watching the table would, and the sheet must show the same.
 //
 // The hand played by the keys' places runs again on a real X server with a
-// French and a Russian layout (tests/sotto_xvfb), where the keys are pressed
-// through the server by their keycodes.
+// French and a Russian layout (tests/sotto_x11 --layout), where the keys are
+// pressed through the server by their keycodes.
 //
 // The same tests run as a Wayland client of a Weston of their own
 // (tests/sotto_weston). There the compositor places and stacks the windows,

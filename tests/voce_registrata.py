@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A voice for Orca that writes down what it is given to say, and says nothing.
 
-tests/sotto_atspi puts this module beside Orca's settings and names it as
+tests/sotto_x11 --orca puts this module beside Orca's settings and names it as
 Orca's speech server, so that Orca runs on a machine with no sound card and no
 speech synthesizer, never waits on one, and leaves a record of what a player
-would hear. Each line of the file SOTTO_ATSPI_PARLATO names is one call, its fields
-parted by tabs:
+would hear. Each line of the file SOTTO_X11_PARLATO names is one call, its
+fields parted by tabs:
 
     parla  interrompe  text     something to say; interrompe is 1 when Orca
                                 asks to cut what is being said (its
@@ -46,7 +46,7 @@ class SpeechServer(speechserver.SpeechServer):
     def __init__(self):
         super().__init__()
         self._chiave = threading.Lock()
-        percorso = os.environ.get("SOTTO_ATSPI_PARLATO")
+        percorso = os.environ.get("SOTTO_X11_PARLATO")
         self._file = open(percorso, "a", encoding="utf-8", buffering=1) if percorso else None
 
     def _scrivi(self, tipo, interrompe, testo=""):
